@@ -1,0 +1,36 @@
+// The port for the random-access data files.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+namespace quillspeech {
+
+// One open file. Every failure is a RunTimeFailure: 57 device, 61 disk full, 70 permission.
+class DataFile {
+ public:
+  virtual ~DataFile() = default;
+
+  virtual std::int64_t Length() const = 0;  // bytes
+
+  // Reads what the file holds from `offset` on, up to the span's size; gives the bytes read. No
+  // write of another user of the file shows in part.
+  virtual std::int64_t Read(std::int64_t offset, std::span<std::uint8_t> bytes) = 0;
+
+  // Writes the whole span at `offset`. A write that fails leaves the file's length as it was, and
+  // never changes a byte outside the span. A gap between the old end and the offset reads as zeros.
+  virtual void Write(std::int64_t offset, std::span<const std::uint8_t> bytes) = 0;
+};
+
+class DataFileStore {
+ public:
+  virtual ~DataFileStore() = default;
+
+  // Opens for reading and writing; a name that does not exist is created empty. Failures: 52 bad
+  // name, 70 permission, 75 path access, 76 path not found. Destroying the file closes it.
+  virtual std::unique_ptr<DataFile> Open(const std::string& name) = 0;
+};
+
+}  // namespace quillspeech

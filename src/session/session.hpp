@@ -1,0 +1,53 @@
+// The record of everything that the stages share. One for each run; no stage keeps state elsewhere.
+#pragma once
+
+#include <string_view>
+
+#include "platform/message_boxes.hpp"
+#include "session/filter.hpp"
+#include "session/flags.hpp"
+#include "session/open_data_file.hpp"
+#include "session/operations.hpp"
+#include "session/ports.hpp"
+#include "session/results.hpp"
+#include "session/sample.hpp"
+#include "session/settings.hpp"
+#include "session/slice.hpp"
+#include "session/trace.hpp"
+#include "session/word_tables.hpp"
+
+namespace quillspeech {
+
+// With the values of a new control. The engine table is empty until the engine is loaded.
+struct Session {
+  explicit Session(const Ports& platform);
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  Ports ports;
+  Operations operations;
+  Settings settings;
+  Flags flags;
+  Sample sample;
+  WordTables words;
+  Slice slice;
+  Filter filter;
+  Results results;
+  OpenDataFile data;
+  Trace trace;
+};
+
+// Whether Stop_everything_now is "YES": every stage leaves at its next look.
+bool Is_Stopped(const Session& session);
+
+// Clears the results of the last sample, and File_Run_Active with them.
+void Reset_Results(Session& session);
+
+// True (-1) when the host program is a design environment. Asked once, then remembered.
+std::int16_t Is_Design_Environment(Session& session);
+
+// Shows a message box of the session's platform.
+BoxAnswer Show_Box(Session& session, std::string_view text, std::string_view title,
+                   BoxIcon icon = BoxIcon::None, BoxButtons buttons = BoxButtons::OK);
+
+}  // namespace quillspeech

@@ -1,0 +1,27 @@
+// What a run tells beyond its results: for logs, JSON and tests. Nothing in the recogniser reads
+// it.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace quillspeech {
+
+// One call of Analyse_Slice or Analyse_File_Slice.
+struct SliceTrace {
+  std::int16_t word = 0;  // the three word counters at the call
+  std::int16_t deep = 0;
+  std::int16_t too_deep = 0;
+  std::int32_t first = 0;  // bounds in the store, as the caller passed them
+  std::int32_t last = 0;
+  std::optional<std::int16_t> category;  // none: left before a count, or dropped as noise
+};
+
+struct Trace {
+  bool Keep_Slices = false;
+  std::vector<SliceTrace> slices;
+  std::vector<int> failures;  // numbers of the run-time failures that were trapped, in order
+};
+
+}  // namespace quillspeech
