@@ -46,8 +46,8 @@ inline double Natural_Logarithm(double x) noexcept {
   const bool tiny = x < 0x1p-1022;
   const std::uint64_t bits =
       std::bit_cast<std::uint64_t>(tiny ? x * 0x1p54 : x) + (Exponent_One - Root_Of_Half);
-  const double exponent =
-      std::bit_cast<double>(bits >> 52 | 0x4330000000000000) - (tiny ? 0x1p52 + 1077 : 0x1p52 + 1023);
+  const double exponent = std::bit_cast<double>(bits >> 52 | 0x4330000000000000) -
+                          (tiny ? 0x1p52 + 1077 : 0x1p52 + 1023);
   const double m = std::bit_cast<double>((bits & 0x000fffffffffffff) + Root_Of_Half);
 
   // s = (m - 1) / (m + 1), in two parts: 26 bits, and what is left after multiplying back.

@@ -7,6 +7,9 @@
 namespace quillspeech {
 
 std::string_view Trim(std::string_view text) noexcept {
+  // Fields are mostly padding: its blanks go eight at a time.
+  constexpr std::string_view Blanks = "        ";
+  while (text.ends_with(Blanks)) text.remove_suffix(Blanks.size());
   const auto first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(' ') - first + 1);

@@ -1,5 +1,7 @@
 #include "recognition/like_match.hpp"
 
+#include <algorithm>
+
 #include "base/run_time_failure.hpp"
 
 namespace quillspeech {
@@ -20,6 +22,13 @@ Span Take_Span(std::string_view& content) {
   return {first, last};
 }
 
+// Whether the content excludes; takes the sign for it off. A lone "!" is itself.
+bool Take_Negation(std::string_view& content) {
+  const bool is_negated = content.size() > 1 && content[0] == '!';
+  if (is_negated) content.remove_prefix(1);
+  return is_negated;
+}
+
 // What stands between the bracket that begins the text and the one that closes it.
 std::string_view List_Content(std::string_view pattern) {
   return pattern.substr(1, pattern.find(']') - 1);
@@ -32,7 +41,7 @@ void Check_Lists(std::string_view pattern) {
     const auto close = pattern.find(']');
     if (close == pattern.npos) Fail(Failure::Bad_Pattern);
     auto content = pattern.substr(1, close - 1);
-    if (content.size() > 1 && content[0] == '!') content.remove_prefix(1);
+    Take_Negation(content);
     while (!content.empty()) {
       const Span span = Take_Span(content);
       if (span.first > span.last) Fail(Failure::Bad_Pattern);
@@ -41,19 +50,114 @@ void Check_Lists(std::string_view pattern) {
   }
 }
 
-bool List_Has(std::string_view content, char character) {
-  const bool among = !(content.size() > 1 && content[0] == '!');  // a lone "!" is itself
-  if (!among) content.remove_prefix(1);
-  while (!content.empty()) {
-    const Span span = Take_Span(content);
-    if (Byte(character) >= span.first && Byte(character) <= span.last) return among;
-  }
-  return !among;
+// The rows that are not of one byte.
+enum : std::uint16_t { No_Place, Every_Place, Digits, Places_Of_A_List, Reached, First_Byte_Row };
+
+using Word = std::uint64_t;
+
+bool Has_Place(const Word* row, std::size_t place) {
+  return (row[place / 64] >> (place % 64) & 1) != 0;
 }
 
-bool Sign_Fits(char sign, char character) {
-  return sign == '?' || sign == character;
+// Goes on by one character wherever one of the row stands; false when none does.
+bool Step(Word* reached, const Word* row, std::size_t words) {
+  Word carry = 0;
+  Word any = 0;
+  for (std::size_t i = 0; i < words; ++i) {
+    const Word fitting = reached[i] & row[i];
+    reached[i] = fitting << 1 | carry;
+    carry = fitting >> 63;
+    any |= fitting;
+  }
+  return any != 0;
+}
+
+// A star: from the first place reached, every later one is reached too. There is one.
+void Reach_All_Behind(Word* reached, std::size_t words) {
+  std::size_t i = 0;
+  while (reached[i] == 0) ++i;
+  reached[i] |= 0 - reached[i];
+  while (++i < words) reached[i] = ~Word{0};
 }
 
 }  // namespace
+
+LikeText::LikeText(std::string_view text)
+    : length_(text.size()), words_(text.size() / 64 + 1), rows_(First_Byte_Row * words_) {
+  const auto mark = [&](std::size_t row, std::size_t place) {
+    Row(row)[place / 64] |= Word{1} << (place % 64);
+  };
+  std::uint16_t rows = First_Byte_Row;
+  for (std::size_t place = 0; place < length_; ++place) {
+    const char character = text[place];
+    std::uint16_t& row = row_of_byte_[Byte(character)];
+    if (row == No_Place) {
+      row = rows++;
+      rows_.resize(rows * words_);
+    }
+    mark(row, place);
+    mark(Every_Place, place);
+    if (character >= '0' && character <= '9') mark(Digits, place);
+  }
 }
+
+std::size_t LikeText::Row_Of_Sign(char sign) const {
+  if (sign == '?') return Every_Place;
+  if (sign == '#') return Digits;
+  return row_of_byte_[Byte(sign)];
+}
+
+const LikeText::Word* LikeText::Places_Of_List(std::string_view content) {
+  Word* const places = Row(Places_Of_A_List);
+  std::fill_n(places, words_, 0);
+  const bool is_negated = Take_Negation(content);
+  while (!content.empty()) {
+    const Span span = Take_Span(content);
+    for (std::size_t byte = span.first; byte <= span.last; ++byte) {
+      if (row_of_byte_[byte] == No_Place) continue;
+      const Word* const row = Row(row_of_byte_[byte]);
+      for (std::size_t i = 0; i < words_; ++i) places[i] |= row[i];
+    }
+  }
+  if (is_negated) {
+    const Word* const every = Row(Every_Place);
+    for (std::size_t i = 0; i < words_; ++i) places[i] = every[i] & ~places[i];
+  }
+  return places;
+}
+
+// Whether the text's last character can be the one that the pattern ends in. Most patterns that do
+// not fit are told by an end of theirs.
+bool LikeText::Ends_Alike(std::string_view pattern) const {
+  const char sign = pattern.empty() ? '*' : pattern.back();
+  if (sign == '*' || sign == ']') return true;  // not told so simply
+  return length_ > 0 && Has_Place(Row(Row_Of_Sign(sign)), length_ - 1);
+}
+
+bool LikeText::Fits(std::string_view pattern) {
+  Check_Lists(pattern);
+  if (!Ends_Alike(pattern)) return false;
+  Word* const reached = Row(Reached);
+  const std::size_t words = words_;
+  std::fill_n(reached, words, 0);
+  reached[0] = 1;
+  for (std::size_t at = 0; at < pattern.size(); ++at) {
+    const char sign = pattern[at];
+    if (sign == '*') {
+      Reach_All_Behind(reached, words);
+    } else if (sign == '[') {
+      const auto content = List_Content(pattern.substr(at));
+      if (!content.empty() && !Step(reached, Places_Of_List(content), words)) return false;
+      at += content.size() + 1;
+    } else if (!Step(reached, Row(Row_Of_Sign(sign)), words)) {
+      return false;
+    }
+  }
+  return Has_Place(reached, length_);
+}
+
+bool Like_Match(std::string_view text, std::string_view pattern) {
+  return LikeText(text).Fits(pattern);
+}
+
+}  // namespace quillspeech

@@ -65,7 +65,7 @@ struct Settings {
 
   Checked32 Send_of_no;  // the host's index into the result tables
 
-  Settings() { Words_I_Want[1] = "*"; }
+  Settings() { Words_I_Want[1].assign(1, '*'); }
 };
 
 }  // namespace quillspeech

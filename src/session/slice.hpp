@@ -24,6 +24,7 @@ struct Slice {
   BoundedTable<double, 1200> Autocorrelation;  // by lag
   BoundedTable<double, 1200> Magnitude;        // by bin
   BoundedTable<double, 1200> Magnitude_dB;
+  std::int32_t Curve_Bins_In_Use = 0;    // cells of the curve from 0 on that may hold a value
   BoundedTable<double, 1200> Valley_dB;  // by valley number from 0
   BoundedTable<std::int32_t, 1200> Valley_Bin;
   BoundedTable<double, 1200> Peak_dB;  // by peak number from 0

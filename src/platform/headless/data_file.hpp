@@ -28,10 +28,10 @@ class DataFileStore final : public quillspeech::DataFileStore {
   // next is failure 57.
   std::map<std::string, std::vector<std::uint8_t>> files;
 
-  std::map<std::string, Failure> refused;   // opening one of these fails so
-  std::set<std::string> read_only;          // opening one of these is failure 75
-  std::map<int, WriteFault> write_faults;   // by the number of the write, the first being 1
-  std::map<int, Failure> read_faults;       // by the number of the read, the first being 1
+  std::map<std::string, Failure> refused;  // opening one of these fails so
+  std::set<std::string> read_only;         // opening one of these is failure 75
+  std::map<int, WriteFault> write_faults;  // by the number of the write, the first being 1
+  std::map<int, Failure> read_faults;      // by the number of the read, the first being 1
 
   int opens = 0;       // that succeeded
   int open_files = 0;  // opened and not yet closed

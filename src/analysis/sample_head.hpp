@@ -1,0 +1,38 @@
+// What every run over a sample begins with: it clears what the last run left, makes its tables, and
+// finds the words.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "session/session.hpp"
+
+namespace quillspeech {
+
+// Empties the word tables and the tables of the words' bounds, the scan, the curve, the sample work
+// arrays and the entry tables, and sets the counters of the run to 0. What recognition found stays.
+void Clear_Analysis(Session& session);
+
+// Takes the sample's length into Last_Sample_Index and Sample_Span and makes the tables of the scan
+// and of level 1. False when the sample is too short for a run, below 11 bytes silently, below
+// 1,001 bytes with a message; Capture_Busy is cleared then.
+bool Prepare_Sample(Session& session);
+
+// Resizes the arrays that hold a value for each byte to 0 to `span`, contents kept.
+void Resize_Sample_Arrays(Session& session, std::int64_t span);
+
+// Finds the words of the sample by Noise_Sensitivity: Probable_no_of_words_recognized, Word_Start
+// and Word_End; then draws the graph. A sample with fewer than 100 hits is quiet and clears
+// Capture_Busy.
+void Find_Sample_Words(Session& session);
+
+// Sets Word_Length at that word number, and enters the word in the three entry tables.
+void Enter_Word(WordTables& words, std::int64_t number);
+
+// Draws the audio graph when Show_Audio_Graph is "YES" and the host is a design environment.
+void Draw_Graph_When_Wanted(Session& session);
+
+// The title of the message boxes that refuse a sample or a word.
+inline constexpr std::string_view Fatal_Title = "Quillspeech FATAL ERROR";
+
+}  // namespace quillspeech

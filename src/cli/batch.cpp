@@ -1,0 +1,11 @@
+#include "cli/batch.hpp"
+
+namespace quillspeech::cli {
+
+void Complain(const Digest& digest, std::ostream& err) {
+  for (const std::string& complaint : digest.complaints) {
+    err << "quillspeech: " << digest.file << ": " << complaint << "\n";
+  }
+}
+
+}  // namespace quillspeech::cli

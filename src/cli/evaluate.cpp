@@ -1,0 +1,111 @@
+#include "cli/evaluate.hpp"
+
+#include <CLI/CLI.hpp>
+#include <fstream>
+#include <optional>
+
+#include "base/run_time_failure.hpp"
+#include "cli/batch.hpp"
+#include "cli/evaluation.hpp"
+#include "cli/exit_status.hpp"
+#include "cli/labels.hpp"
+#include "cli/report_text.hpp"
+
+namespace quillspeech::cli {
+
+CLI::App& Add_Evaluate_Command(CLI::App& app, EvaluateOptions& options) {
+  CLI::App& command = *app.add_subcommand("evaluate", "Count right and wrong answers");
+  Add_Run_Options(command, options.run, LanguageNeed::Required);
+  command
+      .add_option("--labels", options.labels,
+                  "The words that are spoken: lines of a WAV name, a tab, comma or blank, a word")
+      ->type_name("FILE");
+  command.add_flag("--json", options.json, "Print one JSON object");
+  command.footer(
+      "Without --labels the word is the file name up to its first _ (hello_3.wav: hello).\n\n"
+      "Example:\n"
+      "  quillspeech evaluate --language words.SAY --pad 7000 test/*.wav\n");
+  return command;
+}
+
+namespace {
+
+struct Judged : Digest {
+  Answer answer;
+};
+
+std::optional<Labels> Read_Labels(const std::string& file, std::ostream& err) {
+  Labels labels;
+  std::ifstream in(file);
+  int bad_line = 0;
+  if (!in) {
+    err << "quillspeech: --labels: cannot read " << file << "\n";
+    return std::nullopt;
+  }
+  if (!labels.Read(in, bad_line)) {
+    err << "quillspeech: --labels: " << file << ", line " << bad_line
+        << ": needs a WAV name and a word\n";
+    return std::nullopt;
+  }
+  return labels;
+}
+
+Judged Judge(const RecognitionRun& run, const std::optional<std::string>& expected) {
+  const Session& session = run.Asked_Session();
+  Judged judged;
+  Answer& answer = judged.answer;
+  answer.file = run.File();
+  answer.expected = expected.value_or("");
+  answer.pattern = Pattern_Of(session);
+  if (const auto words = Ranked_Words(session.results); !words.empty()) {
+    answer.answer = words.front().word;
+    answer.percentage = words.front().percentage;
+  }
+  if (!expected) judged.complaints.push_back("has no word in the list of labels");
+  if (!judged.complaints.empty() || !run.Complaints().empty()) {
+    answer.outcome = Outcome::Failed;
+  } else if (answer.answer.empty()) {
+    answer.outcome = Outcome::No_Answer;
+  } else {
+    answer.outcome = answer.answer == answer.expected ? Outcome::Right : Outcome::Wrong;
+  }
+  return judged;
+}
+
+bool Explain(const EvaluateOptions& options, Evaluation& evaluation, std::ostream& err) {
+  try {
+    Find_Shared_Patterns(options.run.language, evaluation.answers);
+    return true;
+  } catch (const RunTimeFailure& failure) {
+    err << "quillspeech: " << options.run.language << ": " << failure.what() << "\n";
+    return false;
+  }
+}
+
+}  // namespace
+
+int Evaluate_Files(const EvaluateOptions& options, Console& console) {
+  std::optional<Labels> labels;
+  if (!options.labels.empty() && !(labels = Read_Labels(options.labels, console.err))) {
+    return Exit_Wrong_Usage;
+  }
+  if (!Check_Options(options.run, console.err)) return Exit_Wrong_Usage;
+  const auto expected = [&](const std::string& file) -> std::optional<std::string> {
+    return labels ? labels->Find(file) : Word_In_Name(file);
+  };
+  Evaluation evaluation;
+  bool all_went_well = Run_Batch<Judged>(
+      options.run, console,
+      [&](const RecognitionRun& run) { return Judge(run, expected(run.File())); },
+      [&](Judged& judged) {
+        if (!options.json) console.out << Answer_Line(judged.answer, console.colour) << std::flush;
+        evaluation.answers.push_back(std::move(judged.answer));
+      });
+  all_went_well = Explain(options, evaluation, console.err) && all_went_well;
+  console.out << (options.json ? Evaluation_Json(evaluation) + "\n"
+                               : Evaluation_Text(evaluation, console.colour))
+              << std::flush;
+  return all_went_well ? Exit_Done : Exit_File_Failed;
+}
+
+}  // namespace quillspeech::cli

@@ -1,0 +1,22 @@
+// The command `evaluate`: how often the best word is the right one, and why it is not.
+#pragma once
+
+#include <string>
+
+#include "cli/console.hpp"
+#include "cli/run_options.hpp"
+
+namespace quillspeech::cli {
+
+struct EvaluateOptions {
+  RunOptions run;
+  std::string labels;  // file with the words, or empty: they stand in the file names
+  bool json = false;
+};
+
+CLI::App& Add_Evaluate_Command(CLI::App& app, EvaluateOptions& options);
+
+// Gives an ExitStatus; wrong answers are no failure.
+int Evaluate_Files(const EvaluateOptions& options, Console& console);
+
+}  // namespace quillspeech::cli

@@ -1,0 +1,155 @@
+#include "cli/recognition_run.hpp"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+#include "analysis/captured_sample.hpp"
+#include "audio/wave_reader.hpp"
+#include "base/run_time_failure.hpp"
+#include "base/text.hpp"
+#include "core/operations.hpp"
+
+namespace quillspeech::cli {
+
+RecognitionRun::RecognitionRun(const RunOptions& options, std::shared_ptr<AngleTables> angle_tables)
+    : options_(options), on_files_(std::make_unique<SessionOnFiles>()) {
+  Session& session = on_files_->session;
+  Connect_Operations(session);
+  session.slice.angle_tables = std::move(angle_tables);
+  Apply_Options(options, session);
+  on_files_->boxes.shown.clear();  // what the settings had to say was said before the run
+  session.trace.Keep_Slices = options.keep_slices;
+  Hook_Up();
+}
+
+void RecognitionRun::Hook_Up() {
+  Operations& operations = on_files_->session.operations;
+  if (options_.pad_ms > 0) {
+    operations.Wave_File_Was_Read = [this](Session& session) {
+      Pad_With_Silence(session.sample, options_.pad_ms);
+    };
+  }
+  if (!options_.keep_graph) return;
+  on_files_->host.path = "vb6.exe";  // only a design environment shows the graph
+  operations.Draw_Audio_Graph = [this](Session& session) {
+    if (graph_) return;  // long words of a file are drawn later, one over the other
+    Draw_Audio_Graph(session, graph_.emplace());
+  };
+  operations.Print_On_Graph = [this](Session&, std::string_view text) {
+    if (graph_) Print_On_Graph(*graph_, text);
+  };
+}
+
+void RecognitionRun::Recognize(const std::string& file) {
+  Session& session = on_files_->session;
+  file_ = file;
+  session.settings.Open_this_Wave_File = file;
+  try {
+    if (options_.path == SoundPath::Live) {
+      Recognize_Captured();
+    } else {
+      Open_Specified_Wave_File_And_Process(session);
+    }
+  } catch (...) {
+    session.trace.failures.push_back(Current_Failure_Number());
+  }
+}
+
+namespace {
+
+// As a start leaves a session that was ready for one.
+void Begin_Session(Session& session) {
+  Reset_Results(session);
+  session.settings.Stop_everything_now = "NO";
+  session.flags.Stopped_Marker = 0;
+  session.flags.Stopped_Text = "NO";
+  session.flags.Session_Started = 1;
+  session.flags.Operation_Status = "Sleeping";
+  if (session.settings.Set_Recording_Frequency < 1) {
+    session.settings.Set_Recording_Frequency = 22050;
+  }
+  session.ports.events.Enable(FormTimer::Timer5, true);
+  session.ports.events.Enable(FormTimer::Timer3, false);
+  session.flags.Capture_Busy = 0;
+  session.flags.Session_Alive = True;
+}
+
+// The recorder's buffer is longer than the capture by the level, and was never reached there.
+void Shape_As_Capture(Session& session) {
+  Sample& sample = session.sample;
+  const std::int64_t length = sample.Samples_Per_Capture;
+  const std::int64_t buffer = length + session.settings.Digital_Signal_Processing_Level;
+  sample.Speech_Sample_Bytes.Resize(length - 1);
+  sample.Speech_Sample_Bytes.Resize(buffer - 1);
+  sample.Wave_Header_Buffer_Length = buffer;
+  sample.Wave_Header.data = sample.Speech_Sample_Bytes.Read_Range(0, buffer - 1);
+}
+
+}  // namespace
+
+void RecognitionRun::Recognize_Captured() {
+  Session& session = on_files_->session;
+  Begin_Session(session);
+  if (!Open_Wave_File(session, session.settings.Open_this_Wave_File)) return;
+  if (options_.pad_ms > 0) Pad_With_Silence(session.sample, options_.pad_ms);
+  Shape_As_Capture(session);
+  Process_Captured_Sample(session);
+}
+
+void Pad_With_Silence(Sample& sample, int milliseconds) {
+  constexpr std::uint8_t Silence = 128;
+  const std::int64_t block = std::max<std::int64_t>(sample.Wave_Format.block_alignment, 1);
+  const std::int64_t rate = sample.Wave_Format.average_bytes_per_second;
+  const std::int64_t sound = sample.Samples_Per_Capture;
+  const std::int64_t whole = milliseconds * rate / 1000 / block * block;
+  if (sound >= whole) return;
+  const std::int64_t front = (whole - sound) / 2 / block * block;
+
+  sample.Speech_Sample_Bytes.Resize(whole - 1);
+  std::uint8_t* const bytes = sample.Speech_Sample_Bytes.Write_Range(0, whole - 1);
+  std::memmove(bytes + front, bytes, static_cast<std::size_t>(sound));
+  std::fill(bytes, bytes + front, Silence);
+  std::fill(bytes + front + sound, bytes + whole, Silence);
+  sample.Samples_Per_Capture = whole;
+  sample.Wave_Header_Buffer_Length = whole;
+  sample.Wave_Header.data = bytes;
+}
+
+namespace {
+
+bool Tells_Of_Failure(const MessageBox& box) {
+  return box.title == "Quillspeech Wave ERROR" || box.title == "Quillspeech FATAL ERROR" ||
+         box.title == "Quillspeech CRITICAL USER ERROR";
+}
+
+std::string Failure_Sentence(int number, const Session& session) {
+  constexpr std::int64_t Hit_Limit = 32767;
+  const auto& scan = session.words.scan;
+  const bool full = scan.Forward_Hit_Count >= Hit_Limit || scan.Backward_Hit_Count >= Hit_Limit;
+  std::string sentence = "run-time failure " + std::to_string(number) + ": ";
+  if (number == static_cast<int>(Failure::Overflow) && full) {
+    return sentence +
+           "the word scan takes less than 32,767 loud points, about 37 seconds of unbroken sound; "
+           "cut the recording or raise Noise_Sensitivity";
+  }
+  sentence += Failure_Text(number);
+  if (number >= 52 && number <= 76) sentence += " (while reading a language or engine file)";
+  if (number == static_cast<int>(Failure::Bad_Pattern)) sentence += " in the language file";
+  return sentence;
+}
+
+}  // namespace
+
+std::vector<std::string> RecognitionRun::Complaints() const {
+  std::vector<std::string> complaints;
+  for (const auto& shown : Boxes()) {
+    if (Tells_Of_Failure(shown.box)) complaints.push_back(To_Utf8(Trim(shown.box.text)));
+  }
+  for (const int number : on_files_->session.trace.failures) {
+    complaints.push_back(Failure_Sentence(number, on_files_->session));
+  }
+  return complaints;
+}
+
+}  // namespace quillspeech::cli

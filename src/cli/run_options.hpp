@@ -1,0 +1,49 @@
+// What the commands that run sounds through the recogniser have in common on the command line.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "cli/console.hpp"
+#include "session/session.hpp"
+
+namespace CLI {
+class App;
+}
+
+namespace quillspeech::cli {
+
+enum class SoundPath { File, Live };
+
+struct RunOptions {
+  SoundPath path = SoundPath::File;
+  std::string language;                                       // empty: patterns only
+  std::string engine;                                         // empty: the built-in table
+  std::vector<std::pair<std::string, std::string>> settings;  // names and texts, in order
+  int pad_ms = 0;                                             // 0: as the file is
+  int jobs = 1;                                               // 0: one for each core
+  bool keep_slices = false;
+  bool keep_graph = false;
+  bool patterns_only = false;      // no language scan, whatever the settings say
+  std::vector<std::string> files;  // "-": names on standard input
+};
+
+enum class LanguageNeed { Optional, Required };
+
+// Declares the shared options and the file names; parsing fills `options`, which must outlive it.
+void Add_Run_Options(CLI::App& command, RunOptions& options, LanguageNeed language);
+
+// Gives a fresh session the settings of the options.
+void Apply_Options(const RunOptions& options, Session& session);
+
+// Tries the settings on a session of its own and tells what the user should know: what is refused,
+// what is stored otherwise, which file does not exist. False when the run must not begin.
+bool Check_Options(const RunOptions& options, std::ostream& err);
+
+// Up to three names of settings that look like the one given, nearest first.
+std::vector<std::string> Nearest_Settings(const std::string& name);
+
+int Worker_Count(const RunOptions& options);
+
+}  // namespace quillspeech::cli

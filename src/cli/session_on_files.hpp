@@ -1,0 +1,29 @@
+// A session that reads and writes the files of this system, and has no screen and no devices.
+#pragma once
+
+#include "platform/headless/event_loop.hpp"
+#include "platform/headless/host_program.hpp"
+#include "platform/headless/message_boxes.hpp"
+#include "platform/headless/shell.hpp"
+#include "platform/headless/sound_cues.hpp"
+#include "platform/headless/wave_output.hpp"
+#include "platform/linux/data_file.hpp"
+#include "platform/linux/riff_file.hpp"
+#include "session/session.hpp"
+
+namespace quillspeech::cli {
+
+// Large: keep it on the heap.
+struct SessionOnFiles {
+  headless::EventLoop events;
+  headless::MessageBoxes boxes;
+  headless::HostProgram host;
+  headless::SoundCues cues;
+  headless::Shell shell;
+  linux::RiffFiles riff_files;
+  headless::WaveOutput wave_output;
+  linux::DataFileStore data_files;
+  Session session{Ports{events, boxes, host, cues, shell, riff_files, wave_output, data_files}};
+};
+
+}  // namespace quillspeech::cli

@@ -1,0 +1,46 @@
+#include "core/operations.hpp"
+
+#include "analysis/file_analysis.hpp"
+#include "analysis/recovery.hpp"
+#include "audio/wave_reader.hpp"
+#include "session/failure_trap.hpp"
+
+namespace quillspeech {
+namespace {
+
+bool Is_Any_Timer_On(const EventLoop& events) {
+  for (const FormTimer timer : {FormTimer::Timer1, FormTimer::Timer2, FormTimer::Timer3,
+                                FormTimer::Timer4, FormTimer::Timer5}) {
+    if (events.Is_Enabled(timer)) return true;
+  }
+  return false;
+}
+
+// Runs even when a live session then refuses the file.
+void Lift_Stop(Session& session) {
+  session.settings.Stop_everything_now = "NO";
+  session.flags.Stopped_Marker = 0;
+  session.flags.Show_Activities = 0;
+  session.flags.Stopped_Text = "NO";
+}
+
+void Process_Wave_File(Session& session) {
+  Lift_Stop(session);
+  if (!Open_Wave_File(session, session.settings.Open_this_Wave_File)) return;
+  if (Is_Any_Timer_On(session.ports.events)) return;
+  session.operations.Wave_File_Was_Read(session);
+  session.flags.File_Run_Active = 1;
+  Run_File_Analysis(session);
+}
+
+}  // namespace
+
+void Connect_Operations(Session& session) {
+  session.operations.Stop_And_Recover = Stop_And_Recover;
+}
+
+void Open_Specified_Wave_File_And_Process(Session& session) {
+  Run_Silently_Trapped(session, [&] { Process_Wave_File(session); });
+}
+
+}  // namespace quillspeech

@@ -1,0 +1,20 @@
+// Data files of the file system.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/data_file.hpp"
+
+namespace quillspeech::linux {
+
+// Names are paths, byte for byte. Each open file is locked as a whole while it is read or written,
+// so that users of the same file, in this process or another, never see a record in part. A write
+// that fails puts back what the file had, as far as the device lets it. On a file system without
+// locks the files are used without them.
+class DataFileStore final : public quillspeech::DataFileStore {
+ public:
+  std::unique_ptr<DataFile> Open(const std::string& name) override;
+};
+
+}  // namespace quillspeech::linux

@@ -1,0 +1,336 @@
+#include "audio/wave_reader.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/support/test_session.hpp"
+#include "tests/support/wave_builder.hpp"
+
+namespace quillspeech::tests {
+namespace {
+
+using File_Bytes = std::vector<std::uint8_t>;
+
+struct WaveReader : testing::Test, TestSession {
+  Sample& sample = session.sample;
+
+  std::int16_t Read(const File_Bytes& file) {
+    riff_files.files["a.wav"] = file;
+    return Open_Wave_File(session, "a.wav");
+  }
+  File_Bytes Store() const {
+    const auto& store = session.sample.Speech_Sample_Bytes;
+    const std::uint8_t* first = store.Read_Range(0, store.Count() - 1);
+    return File_Bytes(first, first + store.Count());
+  }
+  void Expect_One_Box(const std::string& text) {
+    ASSERT_EQ(boxes.shown.size(), 1u);
+    EXPECT_EQ(boxes.shown[0].box.text, text);
+    EXPECT_EQ(boxes.shown[0].box.title, "Quillspeech Wave ERROR");
+    EXPECT_EQ(boxes.shown[0].box.icon, BoxIcon::Stop);
+    EXPECT_EQ(boxes.shown[0].box.buttons, BoxButtons::OK);
+    EXPECT_EQ(riff_files.open_files, 0);
+  }
+};
+
+TEST_F(WaveReader, A_sound_lands_in_the_store_byte_for_byte) {
+  const Sound sound = Silence(Bytes(500)) + Tone(1000_Hz, Amplitude(100), Bytes(2000));
+  EXPECT_EQ(Read(Wave().Data(sound)), True);
+  EXPECT_EQ(Store(), sound);
+  EXPECT_EQ(sample.Samples_Per_Capture, 2500);
+  EXPECT_EQ(sample.Wave_Header_Buffer_Length, 2500);
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(WaveReader, The_buffer_header_points_at_the_store_with_its_flags_cleared) {
+  sample.Wave_Header = {nullptr, 3, 4};
+  Read(Wave().Data(Silence(Bytes(10))));
+  EXPECT_EQ(sample.Wave_Header.data, sample.Speech_Sample_Bytes.Read_Range(0, 0));
+  EXPECT_EQ(sample.Wave_Header.flags, 0u);
+  EXPECT_EQ(sample.Wave_Header.loop_count, 0u);
+}
+
+TEST_F(WaveReader, The_format_is_that_of_the_file) {
+  Read(Wave().Format(Pcm(2, 16, 44100)).Data(Silence(Bytes(8))));
+  EXPECT_EQ(sample.Wave_Format.format_tag, 1);
+  EXPECT_EQ(sample.Wave_Format.channels, 2);
+  EXPECT_EQ(sample.Wave_Format.samples_per_second, 44100u);
+  EXPECT_EQ(sample.Wave_Format.average_bytes_per_second, 176400u);
+  EXPECT_EQ(sample.Wave_Format.block_alignment, 4);
+  EXPECT_EQ(sample.Wave_Format.bits_per_sample, 16);
+}
+
+TEST_F(WaveReader, Each_field_of_the_format_lies_at_its_offset) {
+  // No such format can be played; it is taken in before the question.
+  const File_Bytes counted = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
+  EXPECT_EQ(Read(Wave().Chunk("fmt ", counted).Data(Silence(Bytes(8)))), False);
+  EXPECT_EQ(sample.Wave_Format.format_tag, 0x0201);
+  EXPECT_EQ(sample.Wave_Format.channels, 0x0403);
+  EXPECT_EQ(sample.Wave_Format.samples_per_second, 0x08070605u);
+  EXPECT_EQ(sample.Wave_Format.average_bytes_per_second, 0x0C0B0A09u);
+  EXPECT_EQ(sample.Wave_Format.block_alignment, 0x0E0D);
+  EXPECT_EQ(sample.Wave_Format.bits_per_sample, 0x100F);
+}
+
+TEST_F(WaveReader, The_file_is_closed_when_it_was_taken_in) {
+  Read(Wave().Data(Silence(Bytes(10))));
+  EXPECT_EQ(riff_files.opens, 1);
+  EXPECT_EQ(riff_files.open_files, 0);
+}
+
+TEST_F(WaveReader, Nothing_is_announced_to_the_host) {
+  bool told = false;
+  session.operations.Wave_File_Was_Read = [&](Session&) { told = true; };
+  Read(Wave().Data(Silence(Bytes(10))));
+  EXPECT_FALSE(told);
+}
+
+TEST_F(WaveReader, A_stopped_session_opens_nothing_and_says_nothing) {
+  session.settings.Stop_everything_now = "YES";
+  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10)))), False);
+  EXPECT_EQ(riff_files.opens, 0);
+  EXPECT_TRUE(boxes.shown.empty());
+  EXPECT_EQ(sample.Speech_Sample_Bytes.Count(), 0);
+  EXPECT_EQ(sample.Samples_Per_Capture, 154350);
+}
+
+TEST_F(WaveReader, Only_the_exact_text_YES_stops_it) {
+  session.settings.Stop_everything_now = "yes";
+  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10)))), True);
+}
+
+TEST_F(WaveReader, A_file_that_cannot_be_opened_is_told_with_an_apology) {
+  EXPECT_EQ(Open_Wave_File(session, "none.wav"), False);
+  Expect_One_Box("Sorry ! Couldn't open the wav file you specified.");
+}
+
+TEST_F(WaveReader, A_file_without_a_wave_form_is_a_corrupt_wavechunk) {
+  EXPECT_EQ(Read(Wave().Form("AVI ").Data(Silence(Bytes(10)))), False);
+  Expect_One_Box("Corrupt Wavechunk.");
+}
+
+TEST_F(WaveReader, An_empty_file_is_a_corrupt_wavechunk) {
+  EXPECT_EQ(Read({}), False);
+  Expect_One_Box("Corrupt Wavechunk.");
+}
+
+TEST_F(WaveReader, A_file_without_a_format_chunk_is_a_corrupt_Fmt_chunk) {
+  EXPECT_EQ(Read(Wave().Without_Format().Data(Silence(Bytes(10)))), False);
+  Expect_One_Box("Corrupt Fmt chunk");
+}
+
+TEST_F(WaveReader, A_format_chunk_of_no_bytes_is_a_corrupt_record) {
+  EXPECT_EQ(Read(Wave().Chunk("fmt ", {}).Data(Silence(Bytes(10)))), False);
+  Expect_One_Box("Corrupt Wave Format Record");
+}
+
+TEST_F(WaveReader, A_format_chunk_at_the_very_end_of_a_cut_file_is_a_corrupt_record) {
+  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10))).Cut_To(20)), False);
+  Expect_One_Box("Corrupt Wave Format Record");
+}
+
+TEST_F(WaveReader, A_format_that_cannot_be_read_leaves_the_old_one) {
+  sample.Wave_Format = Pcm(2, 16, 8000);
+  riff_files.failing_reads = {1};
+  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10)))), False);
+  Expect_One_Box("Corrupt Wave Format Record");
+  EXPECT_EQ(sample.Wave_Format.samples_per_second, 8000u);
+}
+
+TEST_F(WaveReader, A_format_that_no_device_plays_stays_in_the_record) {
+  WaveFormat compressed = Pcm();
+  compressed.format_tag = 2;
+  EXPECT_EQ(Read(Wave().Format(compressed).Data(Silence(Bytes(10)))), False);
+  Expect_One_Box("Corrupt Format");
+  EXPECT_EQ(sample.Wave_Format.format_tag, 2);
+}
+
+TEST_F(WaveReader, A_machine_without_a_device_plays_no_format) {
+  wave_output.present = false;
+  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10)))), False);
+  Expect_One_Box("Corrupt Format");
+}
+
+TEST_F(WaveReader, A_format_chunk_that_cannot_be_left_is_a_corrupt_fmt_chunk) {
+  riff_files.ascends_fail = true;
+  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10)))), False);
+  Expect_One_Box("Corrupt fmt chunk");
+}
+
+TEST_F(WaveReader, A_file_without_a_data_chunk_is_a_corrupt_data_chunk) {
+  EXPECT_EQ(Read(Wave().Format().Chunk("LIST", Silence(Bytes(10)))), False);
+  Expect_One_Box("Corrupt data chunk");
+}
+
+TEST_F(WaveReader, A_data_chunk_before_the_format_chunk_is_not_found_again) {
+  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10))).Format()), False);
+  Expect_One_Box("Corrupt data chunk");
+}
+
+TEST_F(WaveReader, A_second_data_chunk_behind_the_format_chunk_is_the_one_that_counts) {
+  EXPECT_EQ(Read(Wave().Data(Level(1, Bytes(10))).Format().Data(Level(2, Bytes(4)))), True);
+  EXPECT_EQ(Store(), File_Bytes(4, 2));
+}
+
+TEST_F(WaveReader, A_data_chunk_of_no_bytes_leaves_the_store_alone) {
+  sample.Speech_Sample_Bytes.Resize(2);
+  EXPECT_EQ(Read(Wave().Data({})), False);
+  Expect_One_Box(" Corrupt wave data");
+  EXPECT_EQ(sample.Speech_Sample_Bytes.Count(), 3);
+}
+
+TEST_F(WaveReader, A_data_chunk_at_the_very_end_of_a_cut_file_leaves_zeros_of_its_size) {
+  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10))).Cut_To(44)), False);
+  Expect_One_Box(" Corrupt wave data");
+  EXPECT_EQ(Store(), File_Bytes(10, 0));
+  EXPECT_EQ(sample.Samples_Per_Capture, 154350);
+  EXPECT_EQ(sample.Wave_Header_Buffer_Length, 0);
+}
+
+TEST_F(WaveReader, Data_that_cannot_be_read_is_corrupt) {
+  riff_files.failing_reads = {2};
+  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10)))), False);
+  Expect_One_Box(" Corrupt wave data");
+}
+
+TEST_F(WaveReader, Data_that_fails_in_the_middle_of_a_long_file_is_corrupt) {
+  riff_files.failing_reads = {3};
+  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(3'000'000)))), False);
+  Expect_One_Box(" Corrupt wave data");
+  EXPECT_EQ(sample.Samples_Per_Capture, 154350);
+}
+
+TEST_F(WaveReader, A_data_chunk_shorter_than_its_size_is_taken_in_with_zeros_behind) {
+  EXPECT_EQ(Read(Wave().Data(Level(7, Bytes(10))).Claiming(15)), True);
+  EXPECT_EQ(Store(), (File_Bytes{7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 0, 0, 0, 0, 0}));
+  EXPECT_EQ(sample.Samples_Per_Capture, 10);
+  EXPECT_EQ(sample.Wave_Header_Buffer_Length, 10);
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(WaveReader, What_the_store_held_is_thrown_away) {
+  Read(Wave().Data(Level(9, Bytes(20))));
+  EXPECT_EQ(Read(Wave().Data(Level(7, Bytes(4))).Claiming(8)), True);
+  EXPECT_EQ(Store(), (File_Bytes{7, 7, 7, 7, 0, 0, 0, 0}));
+}
+
+TEST_F(WaveReader, Unknown_chunks_between_format_and_data_are_skipped) {
+  const Sound sound = Tone(500_Hz, Amplitude(50), Bytes(101));
+  EXPECT_EQ(Read(Wave()
+                     .Chunk("JUNK", Silence(Bytes(3)))
+                     .Format()
+                     .Chunk("fact", Silence(Bytes(4)))
+                     .Chunk("LIST", Silence(Bytes(27)))
+                     .Data(sound)),
+            True);
+  EXPECT_EQ(Store(), sound);
+}
+
+TEST_F(WaveReader, What_follows_the_data_is_not_taken_in) {
+  EXPECT_EQ(Read(Wave().Data(Level(7, Bytes(5))).Chunk("LIST", Level(9, Bytes(20)))), True);
+  EXPECT_EQ(Store(), File_Bytes(5, 7));
+}
+
+TEST_F(WaveReader, A_stereo_file_of_16_bits_is_taken_in_as_it_lies) {
+  const Sound sound = Noise(Amplitude(120), Bytes(400));
+  EXPECT_EQ(Read(Wave().Format(Pcm(2, 16, 44100)).Data(sound)), True);
+  EXPECT_EQ(Store(), sound);
+  EXPECT_EQ(sample.Samples_Per_Capture, 400);
+}
+
+TEST_F(WaveReader, A_format_chunk_longer_than_the_record_is_cut_and_the_rest_skipped) {
+  for (const std::size_t length : {17u, 18u, 40u, 5000u}) {
+    SCOPED_TRACE(length);
+    File_Bytes format = Format_Bytes(Pcm());
+    format.resize(length, 0xFF);
+    EXPECT_EQ(Read(Wave().Chunk("fmt ", format).Data(Level(7, Bytes(5)))), True);
+    EXPECT_EQ(Store(), File_Bytes(5, 7));
+    EXPECT_EQ(sample.Wave_Format.bits_per_sample, 8);
+  }
+}
+
+TEST_F(WaveReader, A_format_chunk_shorter_than_the_record_leaves_the_other_fields_0) {
+  sample.Wave_Format = Pcm(2, 16, 8000);
+  File_Bytes format = Format_Bytes(Pcm());
+  format.resize(14);
+  EXPECT_EQ(Read(Wave().Chunk("fmt ", format).Data(Silence(Bytes(5)))), False);
+  Expect_One_Box("Corrupt Format");
+  EXPECT_EQ(sample.Wave_Format.samples_per_second, 22050u);
+  EXPECT_EQ(sample.Wave_Format.block_alignment, 1);
+  EXPECT_EQ(sample.Wave_Format.bits_per_sample, 0);
+}
+
+TEST_F(WaveReader, Formats_that_can_be_played_are_the_common_ones) {
+  struct Case {
+    const char* what;
+    WaveFormat format;
+    bool plays;
+  };
+  WaveFormat wrong_alignment = Pcm(2, 16);
+  wrong_alignment.block_alignment = 2;
+  WaveFormat wrong_byte_rate = Pcm();
+  wrong_byte_rate.average_bytes_per_second += 1;
+  WaveFormat real_numbers = Pcm(1, 16);
+  real_numbers.format_tag = 3;
+  const std::vector<Case> cases = {
+      {"mono of 8 bits", Pcm(1, 8, 22050), true},
+      {"stereo of 16 bits", Pcm(2, 16, 44100), true},
+      {"the slowest", Pcm(1, 8, 4000), true},
+      {"slower", Pcm(1, 8, 3999), false},
+      {"the fastest", Pcm(2, 16, 192000), true},
+      {"faster", Pcm(2, 16, 192001), false},
+      {"no channel", Pcm(0, 8), false},
+      {"three channels", Pcm(3, 8), false},
+      {"24 bits", Pcm(1, 24), false},
+      {"12 bits", Pcm(2, 12), false},
+      {"another tag", real_numbers, false},
+      {"wrong alignment", wrong_alignment, false},
+      {"wrong byte rate", wrong_byte_rate, false},
+  };
+  for (const Case& one : cases) {
+    SCOPED_TRACE(one.what);
+    EXPECT_EQ(Read(Wave().Format(one.format).Data(Silence(Bytes(12)))), one.plays ? True : False);
+  }
+}
+
+TEST_F(WaveReader, A_sound_longer_than_one_read_is_whole) {
+  const Sound sound = Noise(Amplitude(127), Bytes(2'500'001));
+  EXPECT_EQ(Read(Wave().Data(sound)), True);
+  EXPECT_TRUE(Store() == sound);
+  EXPECT_EQ(sample.Samples_Per_Capture, 2'500'001);
+}
+
+TEST_F(WaveReader, A_sound_that_ends_with_a_read_is_whole) {
+  EXPECT_EQ(Read(Wave().Data(Level(7, Bytes(1 << 20))).Claiming((1 << 20) + 10)), True);
+  EXPECT_EQ(sample.Speech_Sample_Bytes.Count(), (1 << 20) + 10);
+  EXPECT_EQ(sample.Samples_Per_Capture, 1 << 20);
+}
+
+TEST_F(WaveReader, A_data_chunk_that_claims_2_to_the_31_bytes_is_failure_6) {
+  for (const std::uint32_t size : {0x80000000u, 0xFFFFFFFFu}) {
+    SCOPED_TRACE(size);
+    try {
+      Read(Wave().Data(Silence(Bytes(10))).Claiming(size).Riff_Claiming(0xFFFFFFFF));
+      ADD_FAILURE() << "no failure";
+    } catch (const RunTimeFailure& failure) {
+      EXPECT_EQ(failure.Number(), 6);
+    }
+    EXPECT_EQ(riff_files.open_files, 0);
+    EXPECT_TRUE(boxes.shown.empty());
+  }
+}
+
+// On a machine of 64 bits; a smaller one may find no memory for the index, which is failure 7.
+TEST_F(WaveReader, A_data_chunk_that_claims_far_more_than_the_file_has_is_taken_in) {
+  if constexpr (sizeof(void*) == 8) {
+    EXPECT_EQ(Read(Wave().Data(Level(7, Bytes(10))).Claiming(0x7FFFFFFF)), True);
+    EXPECT_EQ(sample.Speech_Sample_Bytes.Count(), 0x7FFFFFFF);
+    EXPECT_EQ(sample.Speech_Sample_Bytes[0x7FFFFFFE], 0);
+    EXPECT_EQ(sample.Samples_Per_Capture, 10);
+  }
+}
+
+}  // namespace
+}  // namespace quillspeech::tests

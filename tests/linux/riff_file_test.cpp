@@ -1,0 +1,112 @@
+#include "platform/linux/riff_file.hpp"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "tests/support/wave_builder.hpp"
+
+namespace quillspeech {
+namespace {
+
+namespace fs = std::filesystem;
+using tests::Bytes;
+using tests::Noise;
+using tests::Wave;
+using File_Bytes = std::vector<std::uint8_t>;
+
+struct RiffFileOnDisk : testing::Test {
+  linux::RiffFiles files;
+  fs::path folder;
+
+  void SetUp() override {
+    std::string name = (fs::temp_directory_path() / "quillspeech-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(name.data()), nullptr);
+    folder = name;
+  }
+  void TearDown() override { fs::remove_all(folder); }
+
+  std::string Put(const std::string& name, const File_Bytes& bytes) const {
+    const std::string path = (folder / name).string();
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()),
+               static_cast<std::streamsize>(bytes.size()));
+    return path;
+  }
+};
+
+TEST_F(RiffFileOnDisk, A_sound_is_walked_and_read) {
+  const auto sound = Noise(tests::Amplitude(100), Bytes(100'001));
+  const auto file =
+      files.Open(Put("a.wav", Wave().Chunk("LIST", File_Bytes(5001, 'x')).Data(sound)));
+  ASSERT_NE(file, nullptr);
+  const auto riff = file->Descend_To_Form(Four_Characters("WAVE"));
+  ASSERT_TRUE(riff);
+  const auto format = file->Descend_To_Chunk(Four_Characters("fmt "), *riff);
+  ASSERT_TRUE(format);
+  EXPECT_TRUE(file->Ascend(*format));
+  const auto data = file->Descend_To_Chunk(Four_Characters("data"), *riff);
+  ASSERT_TRUE(data);
+  ASSERT_EQ(data->size, 100'001u);
+  File_Bytes bytes(data->size + 100);
+  EXPECT_EQ(file->Read(bytes.data(), std::ssize(bytes)), 100'002);  // with the pad byte
+  EXPECT_TRUE(std::equal(sound.begin(), sound.end(), bytes.begin()));
+}
+
+TEST_F(RiffFileOnDisk, A_read_at_the_end_gives_what_there_is) {
+  const auto file = files.Open(Put("a.wav", {1, 2, 3}));
+  File_Bytes bytes(5);
+  EXPECT_EQ(file->Read(bytes.data(), 5), 3);
+  EXPECT_EQ(file->Read(bytes.data(), 5), 0);
+}
+
+TEST_F(RiffFileOnDisk, Only_regular_files_open) {
+  const std::string pipe = (folder / "pipe").string();
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  const std::string file = Put("a.wav", {1});
+  for (const std::string& path :
+       {std::string(), (folder / "none.wav").string(), folder.string(), pipe,
+        std::string("/dev/zero"), file + std::string("\0.wav", 5)}) {
+    SCOPED_TRACE(path);
+    EXPECT_EQ(files.Open(path), nullptr);
+  }
+  EXPECT_NE(files.Open(file), nullptr);
+}
+
+TEST_F(RiffFileOnDisk, Opening_creates_nothing) {
+  files.Open((folder / "none.wav").string());
+  EXPECT_TRUE(fs::is_empty(folder));
+}
+
+TEST_F(RiffFileOnDisk, No_descriptor_is_left_open) {
+  const auto open_descriptors = [] {
+    const fs::directory_iterator all("/proc/self/fd");
+    return std::distance(begin(all), end(all));
+  };
+  const std::string path = Put("a.wav", {1});
+  const auto before = open_descriptors();
+  files.Open(path);
+  files.Open(folder.string());
+  files.Open((folder / "none.wav").string());
+  EXPECT_EQ(open_descriptors(), before);
+}
+
+TEST_F(RiffFileOnDisk, A_file_that_lies_beyond_four_gigabytes_makes_no_loop) {
+  const std::string path =
+      Put("a.wav", Wave().Chunk("junk", {}).Claiming(0xFFFFFFFE).Riff_Claiming(0xFFFFFFFF));
+  fs::resize_file(path, (std::uintmax_t{1} << 32) + 1000);  // a hole, no space on the disk
+  const auto file = files.Open(path);
+  const auto riff = file->Descend_To_Form(Four_Characters("WAVE"));
+  ASSERT_TRUE(riff);
+  EXPECT_FALSE(file->Descend_To_Chunk(Four_Characters("data"), *riff));
+}
+
+}  // namespace
+}  // namespace quillspeech

@@ -1,0 +1,128 @@
+#include "platform/headless/data_file.hpp"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace quillspeech {
+namespace {
+
+using File_Bytes = std::vector<std::uint8_t>;
+
+int Failure_Number(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const RunTimeFailure& failure) {
+    return failure.Number();
+  }
+  return 0;
+}
+
+TEST(DataFileInMemory, A_new_name_is_created_empty) {
+  headless::DataFileStore store;
+  const auto file = store.Open("new.say");
+  EXPECT_EQ(file->Length(), 0);
+  EXPECT_TRUE(store.files.contains("new.say"));
+}
+
+TEST(DataFileInMemory, An_existing_file_keeps_its_bytes) {
+  headless::DataFileStore store;
+  store.files["a.say"] = {1, 2, 3};
+  EXPECT_EQ(store.Open("a.say")->Length(), 3);
+}
+
+TEST(DataFileInMemory, Reads_end_where_the_file_ends) {
+  headless::DataFileStore store;
+  store.files["a.say"] = {1, 2, 3};
+  const auto file = store.Open("a.say");
+  File_Bytes bytes(4);
+  EXPECT_EQ(file->Read(1, bytes), 2);
+  EXPECT_EQ(bytes, (File_Bytes{2, 3, 0, 0}));
+  EXPECT_EQ(file->Read(3, bytes), 0);
+  EXPECT_EQ(file->Read(std::int64_t{1} << 44, bytes), 0);
+}
+
+TEST(DataFileInMemory, Writes_grow_the_file_with_zeros_in_the_gap) {
+  headless::DataFileStore store;
+  store.files["a.say"] = {1};
+  store.Open("a.say")->Write(3, File_Bytes{4, 5});
+  EXPECT_EQ(store.files["a.say"], (File_Bytes{1, 0, 0, 4, 5}));
+}
+
+TEST(DataFileInMemory, Two_users_of_a_file_see_the_same_bytes) {
+  headless::DataFileStore store;
+  const auto one = store.Open("a.say");
+  const auto other = store.Open("a.say");
+  one->Write(0, File_Bytes{7});
+  File_Bytes bytes(1);
+  EXPECT_EQ(other->Read(0, bytes), 1);
+  EXPECT_EQ(bytes[0], 7);
+}
+
+TEST(DataFileInMemory, Opening_fails_as_told) {
+  headless::DataFileStore store;
+  store.refused["gone/a.say"] = Failure::Path_Not_Found;
+  store.read_only.insert("mine.say");
+  EXPECT_EQ(Failure_Number([&] { store.Open("gone/a.say"); }), 76);
+  EXPECT_EQ(Failure_Number([&] { store.Open("mine.say"); }), 75);
+  EXPECT_EQ(Failure_Number([&] { store.Open(""); }), 52);
+  EXPECT_EQ(Failure_Number([&] { store.Open(std::string("a\0b", 3)); }), 52);
+  EXPECT_TRUE(store.files.empty());
+  EXPECT_EQ(store.opens, 0);
+}
+
+TEST(DataFileInMemory, The_chosen_write_fails_and_the_others_go_through) {
+  headless::DataFileStore store;
+  store.write_faults[2] = {Failure::Disk_Full, 0};
+  const auto file = store.Open("a.say");
+  file->Write(0, File_Bytes{1, 1});
+  EXPECT_EQ(Failure_Number([&] { file->Write(2, File_Bytes{2, 2}); }), 61);
+  file->Write(2, File_Bytes{3, 3});
+  EXPECT_EQ(store.files["a.say"], (File_Bytes{1, 1, 3, 3}));
+}
+
+TEST(DataFileInMemory, A_torn_write_changes_the_start_of_its_span_and_no_length) {
+  headless::DataFileStore store;
+  store.files["a.say"] = {1, 1, 1, 1};
+  store.write_faults[1] = {Failure::Device_Failure, 1};
+  store.write_faults[2] = {Failure::Device_Failure, 3};
+  store.write_faults[3] = {Failure::Device_Failure, 3};
+  const auto file = store.Open("a.say");
+  EXPECT_EQ(Failure_Number([&] { file->Write(1, File_Bytes{9, 9}); }), 57);
+  EXPECT_EQ(store.files["a.say"], (File_Bytes{1, 9, 1, 1}));
+  EXPECT_EQ(Failure_Number([&] { file->Write(2, File_Bytes{8, 8, 8, 8}); }), 57);
+  EXPECT_EQ(store.files["a.say"], (File_Bytes{1, 9, 8, 8}));
+  EXPECT_EQ(Failure_Number([&] { file->Write(9, File_Bytes{7, 7, 7}); }), 57);
+  EXPECT_EQ(store.files["a.say"], (File_Bytes{1, 9, 8, 8}));
+}
+
+TEST(DataFileInMemory, A_file_that_vanished_fails_as_a_device) {
+  headless::DataFileStore store;
+  const auto file = store.Open("a.say");
+  store.files.erase("a.say");
+  File_Bytes bytes(1);
+  EXPECT_EQ(Failure_Number([&] { file->Length(); }), 57);
+  EXPECT_EQ(Failure_Number([&] { file->Read(0, bytes); }), 57);
+  EXPECT_EQ(Failure_Number([&] { file->Write(0, bytes); }), 57);
+  EXPECT_TRUE(store.files.empty());
+}
+
+TEST(DataFileInMemory, A_place_beyond_any_disk_is_a_full_one) {
+  headless::DataFileStore store;
+  const auto file = store.Open("a.say");
+  EXPECT_EQ(Failure_Number([&] { file->Write(std::int64_t{1} << 44, File_Bytes{1}); }), 61);
+  EXPECT_EQ(file->Length(), 0);
+}
+
+TEST(DataFileInMemory, Open_files_are_counted_until_they_close) {
+  headless::DataFileStore store;
+  auto one = store.Open("a.say");
+  const auto other = store.Open("b.say");
+  EXPECT_EQ(store.open_files, 2);
+  one.reset();
+  EXPECT_EQ(store.open_files, 1);
+  EXPECT_EQ(store.opens, 2);
+}
+
+}  // namespace
+}  // namespace quillspeech
