@@ -32,11 +32,14 @@ struct CommandLine {
   CommandLine() {
     app.set_version_flag("--version", Version);
     app.require_subcommand(1);
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    app.get_formatter()->label("REQUIRED", "(required)");
     app.footer("quillspeech COMMAND --help tells more of a command; so does man quillspeech.");
     recognize_command = &Add_Recognize_Command(app, recognize);
     learn_command = &Add_Learn_Command(app, learn);
     evaluate_command = &Add_Evaluate_Command(app, evaluate);
     Add_Data_Commands(app, data_exit_status);
+    for (CLI::App* const command : app.get_subcommands({})) command->group("Commands");
   }
 };
 

@@ -169,8 +169,10 @@ void Check_Record(const SayRecord& record, std::int64_t position, const Reporter
   Check_Words(record, words, reporter);
   Check_Patterns(record, patterns, words, differentiators > 0 ? 20 : 0, reporter);
   Check_Differentiators(record, differentiators, reporter);
-  if (words > 0 && patterns == 0) reporter.Remark("LikeCount", "is 0, so no word is ever found");
-  if (patterns > 0 && words == 0) reporter.Remark("WordCount", "is 0, so a match gives no word");
+  if (words > 0 && record.LikeCount() == 0)
+    reporter.Remark("LikeCount", "is 0, so no word is ever found");
+  if (patterns > 0 && record.WordCount() == 0)
+    reporter.Remark("WordCount", "is 0, so a match gives no word");
 }
 
 void Check_Record(const VocRecord& record, std::int64_t position, const Reporter& reporter) {

@@ -54,8 +54,7 @@ ExitStatus Finish(std::ostream& out, ExitStatus exit_status) {
 void Add_As_Option(CLI::App& command, std::string& as) {
   command
       .add_option("--as", as,
-                  "The kind of data file. Otherwise .EGN is an engine file and .SAY a language "
-                  "file, or a vocabulary when only that record length fits")
+                  "The kind; else .EGN is engine, and .SAY language or, by its length, vocabulary")
       ->check(CLI::IsMember({"language", "engine", "vocabulary"}))
       ->type_name("KIND");
 }

@@ -65,9 +65,8 @@ void Add_Run_Options(CLI::App& command, RunOptions& options, LanguageNeed langua
       ->check(CLI::Range(0, Most_Jobs).description(""))
       ->type_name("N")
       ->capture_default_str();
-  command
-      .add_option("files", options.files, "Sounds; - reads names from standard input, one a line")
-      ->type_name("WAV")
+  command.add_option("WAV", options.files, "Sounds; - reads names from standard input, one a line")
+      ->type_name("")
       ->required();
 }
 

@@ -22,8 +22,8 @@ bool Like_Match(std::string_view text, std::string_view pattern);
 
 // A text that is tested against many patterns. For each of its bytes it holds the places where that
 // byte stands, one bit a place; a test moves the set of places that the pattern can have come to,
-// all of them at once. So nothing is tried twice: the time is at most the pattern's length
-// multiplied by the text's, divided by 64.
+// all of them at once. So nothing is tried twice: the time is at most the number of characters that
+// the pattern names, a range naming all of its own, times a 64th of the text's length.
 class LikeText {
  public:
   explicit LikeText(std::string_view text);

@@ -146,9 +146,8 @@ TEST(StopAndRecover, It_shows_no_message_and_does_not_yield) {
 TEST(StopAndRecover, A_failure_in_the_restart_is_not_caught_again_and_does_not_reach_the_stop) {
   Recovery test("YES");
   test.session.operations.Stop_Recording = [](Session&) { Fail(Failure::Device_Failure); };
-  const int failure = Failure_Of([&] {
-    Run_Trapped(test.session, [] { Fail(Failure::Overflow); });
-  });
+  const int failure =
+      Failure_Of([&] { Run_Trapped(test.session, [] { Fail(Failure::Overflow); }); });
   EXPECT_EQ(failure, 57);
   EXPECT_EQ(test.session.settings.Stop_everything_now, "NO");
   EXPECT_TRUE(test.cues.calls.empty());

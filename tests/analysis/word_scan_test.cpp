@@ -28,7 +28,8 @@ struct Scan : TestSession {
 };
 
 template <class T>
-void Expect_Same(const DynamicTable<T>& table, const PlainWordScan::Table& plain, const char* name) {
+void Expect_Same(const DynamicTable<T>& table, const PlainWordScan::Table& plain,
+                 const char* name) {
   for (std::int64_t i = 0; i < table.Count(); ++i) {
     const auto index = static_cast<std::size_t>(i);
     ASSERT_EQ(table[i], index < plain.size() ? plain[index] : 0) << name << " " << i;

@@ -15,7 +15,7 @@ TEST(Rounding, A_half_goes_to_the_even_neighbour) {
   const struct {
     double value;
     double rounded;
-  } cases[] = {{0.5, 0},  {1.5, 2},   {2.5, 2},    {3.5, 4},    {-0.5, 0},
+  } cases[] = {{0.5, 0},   {1.5, 2},   {2.5, 2},     {3.5, 4},     {-0.5, 0},
                {-1.5, -2}, {-2.5, -2}, {154.5, 154}, {155.5, 156}, {1e15 + 0.5, 1e15}};
   for (const auto& c : cases) EXPECT_EQ(Round(c.value), c.rounded) << c.value;
 }

@@ -28,8 +28,8 @@ TEST(Text, A_text_that_spells_a_number_gives_it) {
   const struct {
     const char* text;
     double number;
-  } cases[] = {{"5", 5},      {" 5 ", 5},     {"-7", -7},     {"+7", 7},
-               {"2.5", 2.5},  {".5", 0.5},    {"1e3", 1000},  {"-1.5E-2", -0.015}};
+  } cases[] = {{"5", 5},     {" 5 ", 5},  {"-7", -7},    {"+7", 7},
+               {"2.5", 2.5}, {".5", 0.5}, {"1e3", 1000}, {"-1.5E-2", -0.015}};
   for (const auto& c : cases) EXPECT_EQ(Text_To_Number(c.text), c.number) << c.text;
 }
 
@@ -52,8 +52,8 @@ TEST(Text, Bytes_above_127_are_Windows_1252) {
 }
 
 TEST(Text, What_Windows_1252_lacks_or_UTF_8_forbids_gives_nothing) {
-  for (const char* text : {"\xCE\xB1", "\xF0\x9F\x98\x80", "\xC3", "\x80", "\xC0\x80", "\xE0\x80\x80",
-                           "\xC3(", "\xE2\x82"}) {
+  for (const char* text : {"\xCE\xB1", "\xF0\x9F\x98\x80", "\xC3", "\x80", "\xC0\x80",
+                           "\xE0\x80\x80", "\xC3(", "\xE2\x82"}) {
     EXPECT_EQ(From_Utf8(text), std::nullopt) << text;
   }
 }

@@ -449,7 +449,7 @@ struct LongFile final : DataFile {
   explicit LongFile(std::int64_t bytes) : length(bytes) {}
   std::int64_t Length() const override { return length; }
   std::int64_t Read(std::int64_t offset, std::span<std::uint8_t> bytes) override {
-    const auto got = std::min(std::ssize(bytes), length - offset);
+    const auto got = std::min<std::int64_t>(std::ssize(bytes), length - offset);
     for (std::int64_t i = 0; i < got; ++i) {
       bytes[static_cast<std::size_t>(i)] = (offset + i) % Record_Bytes == 0 ? 1 : 0;
     }

@@ -210,6 +210,7 @@ TEST(LikeMatch, A_text_that_spans_many_words_of_places_is_matched_to_its_end) {
     EXPECT_FALSE(Like_Match(text, std::string(length + 2, '?'))) << length;
     EXPECT_FALSE(Like_Match(text, "*b?*")) << length;
     EXPECT_FALSE(Like_Match(text, "*[!ab]*")) << length;
+    EXPECT_FALSE(Like_Match(text, std::string(length + 1, '?') + "[!z]*")) << length;
   }
 }
 

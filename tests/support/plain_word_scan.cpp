@@ -77,7 +77,7 @@ void Bound(PlainWordScan& scan, std::int64_t span) {
 }  // namespace
 
 PlainWordScan Plain_Sample_Scan(std::vector<std::uint8_t>& store, std::int64_t last,
-                            std::int64_t sensitivity) {
+                                std::int64_t sensitivity) {
   PlainWordScan scan = Empty_Scan(last);
   std::int64_t k = 1;
   for (std::int64_t i = 25; i <= last; i += 25, ++k) {
@@ -95,7 +95,7 @@ PlainWordScan Plain_Sample_Scan(std::vector<std::uint8_t>& store, std::int64_t l
 }
 
 PlainWordScan Plain_Deep_Scan(const std::vector<std::uint8_t>& store, std::int64_t first_byte,
-                          std::int64_t last_byte) {
+                              std::int64_t last_byte) {
   PlainWordScan scan = Empty_Scan(last_byte - first_byte);
   std::int64_t k = 1;
   for (std::int64_t p = first_byte + 25; p <= last_byte - 1; p += 25, ++k) {

@@ -23,10 +23,10 @@ struct PlainWordScan {
 
 // The scan of a whole sample: bytes 0 to `last` of the store. Bytes of 0 on the grid become 128.
 PlainWordScan Plain_Sample_Scan(std::vector<std::uint8_t>& store, std::int64_t last,
-                            std::int64_t sensitivity);
+                                std::int64_t sensitivity);
 
 // The scan of a word of a file, by changes above 30 forward and above 20 backward.
 PlainWordScan Plain_Deep_Scan(const std::vector<std::uint8_t>& store, std::int64_t first_byte,
-                          std::int64_t last_byte);
+                              std::int64_t last_byte);
 
 }  // namespace quillspeech::tests

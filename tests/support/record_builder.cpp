@@ -63,8 +63,8 @@ SayRecord Language_Record(const headless::DataFileStore& store, const std::strin
                           std::int64_t number) {
   SayRecord record;
   const auto& file = store.files.at(name);
-  const auto from = file.begin() + (number - 1) * SayRecord::Record_Bytes;
-  std::copy_n(from, SayRecord::Record_Bytes, record.Bytes().begin());
+  const auto offset = static_cast<std::size_t>((number - 1) * SayRecord::Record_Bytes);
+  std::copy_n(file.data() + offset, SayRecord::Record_Bytes, record.Bytes().begin());
   return record;
 }
 
