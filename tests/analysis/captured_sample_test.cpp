@@ -360,6 +360,8 @@ TEST(CapturedSample, The_head_clears_what_the_last_run_counted) {
   words.Word_Entry_Length[0] = 4;
   test.session.slice.Engine_Category = 4;
   test.session.slice.Autocorrelation[1200] = 4;
+  test.session.slice.Span_Samples.Resize(9);
+  test.session.slice.Span_Samples.Put(3, 4);
   test.session.filter.Processings_Delivered = 4;
   test.session.filter.Filter_Filled_Slots = 4;
   test.session.filter.Voice_Words_Explode_Count = 4;
@@ -378,6 +380,7 @@ TEST(CapturedSample, The_head_clears_what_the_last_run_counted) {
   EXPECT_EQ(words.Word_Entry_Length[0], 0);
   EXPECT_EQ(test.session.slice.Engine_Category, 0);
   EXPECT_EQ(test.session.slice.Autocorrelation[1200], 0);
+  EXPECT_EQ(test.session.slice.Span_Samples[3], 0);
   EXPECT_EQ(test.session.filter.Processings_Delivered, 0);
   EXPECT_EQ(test.session.filter.Filter_Filled_Slots, 0);
   EXPECT_EQ(test.session.filter.Voice_Words_Explode_Count, 0);
@@ -408,6 +411,39 @@ TEST(CapturedSample, Two_runs_over_the_same_sound_give_the_same_slices) {
   for (std::size_t i = 0; i < first.size(); ++i) {
     EXPECT_EQ(test.session.trace.slices[i].category, first[i].category) << i;
   }
+}
+
+TEST(CapturedSample, No_slice_of_a_run_meets_what_the_last_run_left) {
+  Capture test(Words({475, 3000}, Pause));
+  std::vector<std::vector<double>> correlations;
+  test.session.operations.Stop_Recording = [&](Session& session) {
+    const double* lags = session.slice.Autocorrelation.Data();
+    correlations.emplace_back(lags, lags + 101);
+  };
+  test.Run().Run();
+  ASSERT_EQ(correlations.size(), 4U);
+  EXPECT_EQ(correlations[2], correlations[0]);
+  EXPECT_EQ(correlations[3], correlations[1]);
+}
+
+TEST(CapturedSample, A_word_that_ends_at_the_promised_bytes_is_skipped) {
+  for (const auto& [promised, slices] : {std::pair{4500, 0U}, {4501, 1U}}) {
+    Capture test(Words({2500}, Pause));
+    test.session.sample.Samples_Per_Capture = promised;
+    EXPECT_EQ(test.Run().Slices().size(), slices) << promised;
+  }
+}
+
+TEST(CapturedSample, The_analysis_counts_as_running_after_the_slices_of_a_word_even_failed_ones) {
+  Capture test(Words({1000}, Pause));
+  test.session.settings.Always_Restart_on_Error = "YES";
+  int stops = 0;
+  test.session.operations.Stop_Recording = [&](Session&) {
+    if (++stops == 2) Fail(Failure::Device_Failure);
+  };
+  test.Slice_Bytes(500).Run();
+  EXPECT_EQ(test.session.trace.failures, std::vector<int>{57});
+  EXPECT_EQ(test.session.flags.Analysis_Running, 1);
 }
 
 TEST(CapturedSample, Memory_Clean_YES_clears_the_results_and_the_trace_string) {

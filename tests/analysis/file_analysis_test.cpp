@@ -279,12 +279,40 @@ TEST(FileAnalysis, Capture_Busy_stays_set_by_a_loud_file_and_is_cleared_by_a_qui
   EXPECT_EQ(quiet.Run().session.flags.Capture_Busy, 0);
 }
 
-TEST(FileAnalysis, The_best_words_are_ranked_when_the_last_word_left_any) {
+TEST(FileAnalysis, Fewer_than_100_hits_are_quiet) {
+  // So many forward hits, and one backward hit at each edge.
+  for (const auto& [hits, busy] : {std::pair{97, 0}, {98, 1}}) {
+    FileRun test(Silence(Pause) + Level(200, Bytes(25 * hits)) + Silence(Bytes(2001)));
+    EXPECT_EQ(test.Run().session.flags.Capture_Busy, busy) << hits;
+  }
+}
+
+TEST(FileAnalysis, Words_that_the_last_word_left_are_ranked_at_the_end) {
+  FileRun test(Silence(Pause) + Buzz(Bytes(2050), Amplitude(10)) + Silence(Bytes(2001)));
+  test.session.operations.Print_On_Graph = [](Session& session, std::string_view) {
+    session.results.Platinum_Words_Available = 1;
+    session.results.Platinum_Word_Table[1] = "word   ";
+    session.results.Platinum_Rank_Table[1] = 80;
+  };
+  test.Run();
+  EXPECT_EQ(test.session.results.Platinum_Best_Table[1], "word");
+}
+
+TEST(FileAnalysis, Without_a_word_available_nothing_is_ranked) {
   FileRun test(Silence(Bytes(5001)));
   test.session.settings.Memory_Clean = "NO";
-  test.events.At_Yield = [&] { test.session.results.Platinum_Best_Table[1] = "old"; };
+  test.session.results.Platinum_Words_Available = 3;
+  test.session.results.Platinum_Best_Table[1] = "old";
   test.Run();
-  EXPECT_EQ(test.session.results.Platinum_Best_Table[1], "old");  // no word: no ranking
+  EXPECT_EQ(test.session.results.Platinum_Words_Available, 0);
+  EXPECT_EQ(test.session.results.Platinum_Best_Table[1], "old");
+}
+
+TEST(FileAnalysis, A_word_around_2000_bytes_is_analysed_once_when_no_slice_length_is_set) {
+  for (const int length : {1975, 2000, 2025}) {
+    FileRun test(Words({length}, Pause));
+    EXPECT_EQ(test.Run().Slices(), (Bounds{{2000, 2000 + length}}));
+  }
 }
 
 TEST(FileAnalysis, Unbroken_sound_of_32767_hits_fails_with_6_and_recovers) {

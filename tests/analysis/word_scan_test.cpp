@@ -258,13 +258,13 @@ TEST(WordScan, A_change_of_30_forward_or_20_backward_is_no_hit_in_a_word_of_a_fi
     Take_Word_Grid(test.session.sample, test.session.words, 0, 2999);
     Find_Hits(test.session.words, {ForwardHits::By_Change, 30, 20});
     const WordScanTables& scan = test.session.words.scan;
-    return std::pair<std::int64_t, std::int64_t>(scan.Forward_Hit_Count, scan.Backward_Hit_Count);
+    return std::pair<int, int>(scan.Forward_Hit_Count.Raw(), scan.Backward_Hit_Count.Raw());
   };
-  EXPECT_EQ(hits(20), std::pair(0L, 0L));
-  EXPECT_EQ(hits(21), std::pair(0L, 2L));
-  EXPECT_EQ(hits(30), std::pair(0L, 2L));
-  EXPECT_EQ(hits(31), std::pair(2L, 2L));
-  EXPECT_EQ(hits(-31), std::pair(2L, 2L));
+  EXPECT_EQ(hits(20), std::pair(0, 0));
+  EXPECT_EQ(hits(21), std::pair(0, 2));
+  EXPECT_EQ(hits(30), std::pair(0, 2));
+  EXPECT_EQ(hits(31), std::pair(2, 2));
+  EXPECT_EQ(hits(-31), std::pair(2, 2));
 }
 
 TEST(WordScan, The_pump_can_scan_with_a_limit_of_its_own) {

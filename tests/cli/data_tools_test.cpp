@@ -1,10 +1,12 @@
 #include "cli/data_tools.hpp"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -164,6 +166,23 @@ TEST_F(DataTools, Build_replaces_a_file_and_leaves_no_other_behind) {
   ASSERT_EQ(Build(Put("a.json", Hello), file), Exit_Done);
   EXPECT_EQ(fs::file_size(file), 8476U);
   EXPECT_EQ(fs::status(file).permissions(), fs::perms{0640});
+  EXPECT_EQ(File_Count(), 2U);
+}
+
+TEST_F(DataTools, A_write_that_fails_half_way_leaves_the_old_file_and_no_other) {
+  const std::string file = Put("a.SAY", "old bytes");
+  const std::string json = Put("a.json", Hello);
+  rlimit before{};
+  ::getrlimit(RLIMIT_FSIZE, &before);
+  const auto old_handler = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit small{8000, before.rlim_max};
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+  const int exit_status = Build(json, file);
+  ::setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, old_handler);
+  EXPECT_EQ(exit_status, Exit_File_Failed);
+  EXPECT_EQ(err_.str(), "quillspeech build: " + file + ": File too large\n");
+  EXPECT_EQ(Content("a.SAY"), "old bytes");
   EXPECT_EQ(File_Count(), 2U);
 }
 

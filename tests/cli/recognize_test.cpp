@@ -87,8 +87,8 @@ TEST_F(Recognize, A_capture_is_longer_than_its_sound_by_the_level) {
 }
 
 TEST_F(Recognize, A_slice_that_was_noise_has_no_category) {
-  const Sound quiet_start = Silence(Bytes(3000)) + Tone(500_Hz, Amplitude(8), Bytes(6000)) +
-                            Silence(Bytes(9000));
+  const Sound quiet_start =
+      Silence(Bytes(3000)) + Tone(500_Hz, Amplitude(8), Bytes(6000)) + Silence(Bytes(9000));
   const auto json = Recognize_As_Json({"--trace", "--set", "Sample_processing_resolution=2000",
                                        Put_Sound("quiet.wav", quiet_start)});
   ASSERT_FALSE(json["slices"].empty());
@@ -99,8 +99,7 @@ TEST_F(Recognize, A_language_file_turns_the_pattern_into_ranked_words) {
   const auto language =
       Put_Language("w.SAY", {Record().Word("low", 60).Word("deep", 100).Pattern("oa*", 100),
                              Record().Word("loud").Pattern("*e", 40).Font("Arial")});
-  const auto json =
-      Recognize_As_Json({"--language", language, Put_Sound("low.wav", Low_Word())});
+  const auto json = Recognize_As_Json({"--language", language, Put_Sound("low.wav", Low_Word())});
   EXPECT_EQ(json["Platinum_Words_Available"], 3);
   EXPECT_EQ(json["Platinum_Words"].dump(),
             R"([{"word":"low","percentage":70},{"word":"deep","percentage":80},)"
@@ -113,8 +112,7 @@ TEST_F(Recognize, A_language_file_turns_the_pattern_into_ranked_words) {
 
 TEST_F(Recognize, A_pattern_that_no_record_knows_is_no_match) {
   const auto language = Put_Language("w.SAY", {Record().Word("high").Pattern("s*")});
-  const auto json =
-      Recognize_As_Json({"--language", language, Put_Sound("low.wav", Low_Word())});
+  const auto json = Recognize_As_Json({"--language", language, Put_Sound("low.wav", Low_Word())});
   EXPECT_EQ(json["No_Language_Match"], true);
   EXPECT_EQ(json["Platinum_Best"][0], "");
 }
@@ -135,9 +133,9 @@ TEST_F(Recognize, Without_a_language_no_file_is_matched_or_made) {
 
 TEST_F(Recognize, A_box_with_a_question_is_answered_No) {
   const auto language = Put_Language("w.SAY", {Record().Word("high").Pattern("s*")});
-  const auto json = Recognize_As_Json({"--language", language, "--set",
-                                       "Notify_if_no_language_match=YES",
-                                       Put_Sound("low.wav", Low_Word())});
+  const auto json =
+      Recognize_As_Json({"--language", language, "--set", "Notify_if_no_language_match=YES",
+                         Put_Sound("low.wav", Low_Word())});
   ASSERT_EQ(json["boxes"].size(), 1U);
   EXPECT_EQ(Keys(json["boxes"][0]), (Names{"title", "text", "buttons", "icon", "answer"}));
   EXPECT_EQ(json["boxes"][0]["buttons"], "YesNo");
@@ -176,8 +174,8 @@ TEST_F(Recognize, A_bare_word_is_found_once_it_is_padded) {
 
 TEST_F(Recognize, Settings_reach_the_run_in_their_order) {
   const auto file = Put_Sound("low.wav", Low_Word());
-  const auto json = Recognize_As_Json({"--set", "Filter_Pass_Value=1", "--set",
-                                       "Filter_Pass_Value=5", file});
+  const auto json =
+      Recognize_As_Json({"--set", "Filter_Pass_Value=1", "--set", "Filter_Pass_Value=5", file});
   EXPECT_EQ(json["Voice_Word"], "oa");  // the second tone weighs 4
 }
 
@@ -208,8 +206,7 @@ TEST_F(Recognize, A_file_that_cannot_be_read_fails_and_the_others_still_run) {
 
 TEST_F(Recognize, A_sound_of_fewer_than_a_thousand_bytes_fails) {
   for (const auto* path : {"file", "live"}) {
-    EXPECT_EQ(
-        Run({"recognize", "--path", path, Put_Sound("short.wav", Silence(Bytes(800)))}), 1)
+    EXPECT_EQ(Run({"recognize", "--path", path, Put_Sound("short.wav", Silence(Bytes(800)))}), 1)
         << path;
     EXPECT_NE(err.find("'CANNOT PROCESS' Code : PA"), std::string::npos);
   }
@@ -228,8 +225,7 @@ TEST_F(Recognize, An_overflow_without_such_sound_has_no_such_hint) {
   const auto file = Put_Sound("low.wav", Low_Word());
   const auto language = Put_Language("w.SAY", {Record().Word("x").Pattern("*", 32000)});
   EXPECT_EQ(Run({"recognize", "--language", language, file}), 1);
-  EXPECT_NE(err.find("run-time failure 6: a number is too large for its field"),
-            std::string::npos);
+  EXPECT_NE(err.find("run-time failure 6: a number is too large for its field"), std::string::npos);
 }
 
 TEST_F(Recognize, A_broken_pattern_is_named_as_the_reason) {
@@ -246,8 +242,7 @@ TEST_F(Recognize, A_file_without_a_match_is_no_failure) {
 }
 
 TEST_F(Recognize, A_language_file_that_does_not_exist_is_announced) {
-  EXPECT_EQ(Run({"recognize", "--language", Path("new.SAY"), Put_Sound("low.wav", Low_Word())}),
-            0);
+  EXPECT_EQ(Run({"recognize", "--language", Path("new.SAY"), Put_Sound("low.wav", Low_Word())}), 0);
   EXPECT_NE(err.find("there is no language file " + Path("new.SAY")), std::string::npos);
   EXPECT_EQ(Content("new.SAY").size(), 8476U);
 }
@@ -306,8 +301,8 @@ TEST_F(Recognize, Results_stand_in_the_order_of_the_files_with_any_number_of_job
 }
 
 TEST_F(Recognize, Jobs_may_share_a_language_file) {
-  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*"),
-                                               Record().Word("high").Pattern("fth*")});
+  const auto language = Put_Language(
+      "w.SAY", {Record().Word("low").Pattern("oa*"), Record().Word("high").Pattern("fth*")});
   std::vector<std::string> arguments = {"recognize", "--json",     "--jobs",
                                         "4",         "--language", language};
   for (int i = 0; i < 40; ++i) {

@@ -85,8 +85,7 @@ TEST_F(RunOptions, All_refused_settings_are_named_at_once) {
 
 TEST_F(RunOptions, A_value_that_is_stored_otherwise_is_noted_and_the_run_goes_on) {
   EXPECT_EQ(Set("Set_Recording_Frequency=16000"), 0);
-  EXPECT_EQ(err,
-            "quillspeech: note: --set Set_Recording_Frequency=16000 leaves it at \"22050\"\n");
+  EXPECT_EQ(err, "quillspeech: note: --set Set_Recording_Frequency=16000 leaves it at \"22050\"\n");
   EXPECT_EQ(Set("This_Audio_Process=no"), 0);
   EXPECT_EQ(err, "quillspeech: note: --set This_Audio_Process=no leaves it at \"YES\"\n");
 }

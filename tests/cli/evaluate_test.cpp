@@ -1,0 +1,129 @@
+#include "cli/evaluate.hpp"
+
+#include "tests/cli/command_fixture.hpp"
+
+namespace quillspeech::tests {
+namespace {
+
+class Evaluate : public CommandTest {
+ protected:
+  // Both words know the low pattern, and the wrong one comes first.
+  std::string Confused_Language() {
+    return Put_Language("w.SAY", {Record().Word("deep").Pattern("x").Pattern("oa*"),
+                                  Record().Word("low", 90).Pattern("oadb*"),
+                                  Record().Word("other", 0).Pattern("*", 0),
+                                  Record().Word("high").Pattern("fth*", 100)});
+  }
+};
+
+TEST_F(Evaluate, Right_wrong_missing_and_failed_answers_are_counted) {
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
+  const auto right = Put_Sound("low_1.wav", Low_Word());
+  const auto wrong = Put_Sound("deep_1.wav", Low_Word());
+  const auto none = Put_Sound("high_1.wav", High_Word());
+  EXPECT_EQ(Run({"evaluate", "--json", "--language", language, right, wrong, none,
+                 Path("missing_1.wav")}),
+            1);
+  const auto json = Json_Lines().at(0);
+  EXPECT_EQ(Keys(json), (std::vector<std::string>{"files", "right", "wrong", "no_answer", "failed",
+                                                  "confusions", "shared_patterns", "answers"}));
+  EXPECT_EQ(json["files"], 4);
+  EXPECT_EQ(json["right"], 1);
+  EXPECT_EQ(json["wrong"], 1);
+  EXPECT_EQ(json["no_answer"], 1);
+  EXPECT_EQ(json["failed"], 1);
+  EXPECT_EQ(json["answers"][0]["outcome"], "right");
+  EXPECT_EQ(json["answers"][0]["percentage"], 80);
+  EXPECT_EQ(json["answers"][1]["answer"], "low");
+  EXPECT_EQ(json["answers"][2]["outcome"], "no answer");
+  EXPECT_EQ(json["answers"][3]["outcome"], "failed");
+}
+
+TEST_F(Evaluate, Wrong_answers_are_no_failure) {
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
+  EXPECT_EQ(Run({"evaluate", "--language", language, Put_Sound("deep_1.wav", Low_Word())}), 0);
+}
+
+TEST_F(Evaluate, Confusions_count_how_often_which_word_was_taken_for_which) {
+  const auto language = Confused_Language();
+  Run({"evaluate", "--json", "--language", language, Put_Sound("low_1.wav", Low_Word()),
+       Put_Sound("low_2.wav", Low_Word()), Put_Sound("high_1.wav", High_Word())});
+  EXPECT_EQ(Json_Lines().at(0)["confusions"].dump(),
+            R"([{"expected":"low","answer":"deep","times":2}])");
+}
+
+TEST_F(Evaluate, The_patterns_that_let_a_wrong_word_in_are_named) {
+  const auto file = Put_Sound("low_1.wav", Low_Word());
+  Run({"evaluate", "--json", "--language", Confused_Language(), file});
+  const auto shared = Json_Lines().at(0)["shared_patterns"];
+  ASSERT_EQ(shared.size(), 2U);  // not those of a third word, nor one that does not fit
+  EXPECT_EQ(shared[0]["record"], 1);
+  EXPECT_EQ(shared[0]["protocol"], 2);
+  EXPECT_EQ(shared[0]["pattern"], "oa*");
+  EXPECT_EQ(shared[0]["words"].dump(), R"(["deep"])");
+  EXPECT_EQ(shared[1]["record"], 2);
+  EXPECT_EQ(shared[1]["words"].dump(), R"(["low"])");
+}
+
+TEST_F(Evaluate, Text_ends_with_the_sum_the_confusions_and_their_patterns) {
+  const auto low = Put_Sound("low_1.wav", Low_Word());
+  const auto high = Put_Sound("high_1.wav", High_Word());
+  EXPECT_EQ(Run({"evaluate", "--language", Confused_Language(), low, high}), 0);
+  EXPECT_EQ(out, "wrong      " + low + "  low, taken for deep  80 %  oadbtrvgpunmle\n" +
+                     "right      " + high + "  high  80 %  fthjjsAkgH\n" +
+                     "\n1 of 2 right (50.0 %), 1 wrong, 0 without an answer\n"
+                     "\nspoken  taken for  times\n"
+                     "low     deep       1\n"
+                     "\nPatterns that fit the wrong answers:\n" +
+                     low + ": oadbtrvgpunmle\n" +
+                     "  record 1, pattern 2: oa*  (deep)\n"
+                     "  record 2, pattern 1: oadb*  (low)\n");
+}
+
+TEST_F(Evaluate, Labels_name_the_words_by_path_or_by_file_name) {
+  const auto language = Put_Language("w.SAY", {Record().Word("low voice").Pattern("oa*")});
+  const auto one = Put_Sound("a 1.wav", Low_Word());
+  const auto two = Put_Sound("b.wav", Low_Word());
+  const auto three = Put_Sound("c.wav", Low_Word());
+  const auto labels = Put_Text(
+      "labels.txt", "# sounds\n\na 1.wav\tlow voice\n" + two + ",low voice\nc.wav  low voice\r\n");
+  EXPECT_EQ(
+      Run({"evaluate", "--json", "--language", language, "--labels", labels, one, two, three}), 0)
+      << err;
+  EXPECT_EQ(Json_Lines().at(0)["right"], 3);
+}
+
+TEST_F(Evaluate, A_file_without_a_label_fails) {
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
+  const auto labels = Put_Text("labels.txt", "other.wav low\n");
+  const auto file = Put_Sound("low_1.wav", Low_Word());
+  EXPECT_EQ(Run({"evaluate", "--language", language, "--labels", labels, file}), 1);
+  EXPECT_NE(err.find(file + ": has no word in the list of labels"), std::string::npos);
+}
+
+TEST_F(Evaluate, A_list_of_labels_that_cannot_be_read_is_wrong_usage) {
+  const auto file = Put_Sound("low_1.wav", Low_Word());
+  EXPECT_EQ(Run({"evaluate", "--language", "w", "--labels", Path("none"), file}), 2);
+  const auto labels = Put_Text("labels.txt", "a.wav low\nb.wav\n");
+  EXPECT_EQ(Run({"evaluate", "--language", "w", "--labels", labels, file}), 2);
+  EXPECT_NE(err.find("line 2"), std::string::npos);
+}
+
+TEST_F(Evaluate, Words_are_compared_as_UTF_8) {
+  const auto language = Put_Language("w.SAY", {Record().Word("gr\xFC\xDF").Pattern("oa*")});
+  const auto file = Put_Sound("gr\xC3\xBC\xC3\x9F_1.wav", Low_Word());
+  Run({"evaluate", "--json", "--language", language, file});
+  EXPECT_EQ(Json_Lines().at(0)["right"], 1);
+}
+
+TEST_F(Evaluate, Names_may_come_from_standard_input) {
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
+  const auto file = Put_Sound("low_1.wav", Low_Word());
+  EXPECT_EQ(Run({"evaluate", "--json", "--language", language, "--jobs", "2", "-"},
+                file + "\n" + file + "\n"),
+            0);
+  EXPECT_EQ(Json_Lines().at(0)["right"], 2);
+}
+
+}  // namespace
+}  // namespace quillspeech::tests
