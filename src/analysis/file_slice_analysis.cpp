@@ -63,9 +63,11 @@ void Analyse(Session& session, SliceSpan span, SliceNote& note) {
 
 }  // namespace
 
-void Analyse_File_Slice(Session& session, std::int64_t first_byte, std::int64_t last_byte) {
-  SliceNote note(session, first_byte, last_byte);
-  Run_Trapped(session, [&] { Analyse(session, {first_byte, last_byte}, note); });
+void Analyse_File_Slice(Session& session, Checked32 first_byte, Checked32 last_byte) {
+  Run_Trapped(session, [&] {
+    SliceNote note(session, first_byte, last_byte);
+    Analyse(session, {first_byte, last_byte}, note);
+  });
 }
 
 }  // namespace quillspeech

@@ -7,11 +7,14 @@
 namespace quillspeech {
 namespace {
 
+// No count of loud bytes lies below the gate: a capture's slice is never dropped as noise. Nor can
+// the walk that counts them leave early. It ends before the slice does, and by then the slice has
+// been cut to end before the bytes that the capture promises. What a walk may still meet is a store
+// that is shorter than that.
+constexpr std::int16_t Open_Noise_Gate = 0;
 constexpr std::int64_t Longest_Unwalked_Slice_Bytes = 2'000;
 constexpr std::int64_t Loud_Distance = 25;
 constexpr std::int16_t Default_Level = 128;
-// No count lies below it: a capture's slice is never dropped as noise.
-constexpr std::int16_t Open_Noise_Gate = 0;
 
 // False when the session was stopped, perhaps at the yield.
 bool Begin_Slice(Session& session) {
@@ -61,9 +64,11 @@ void Analyse(Session& session, SliceSpan span, SliceNote& note) {
 
 }  // namespace
 
-void Analyse_Slice(Session& session, std::int64_t first_byte, std::int64_t last_byte) {
-  SliceNote note(session, first_byte, last_byte);
-  Run_Trapped(session, [&] { Analyse(session, {first_byte, last_byte}, note); });
+void Analyse_Slice(Session& session, Checked32 first_byte, Checked32 last_byte) {
+  Run_Trapped(session, [&] {
+    SliceNote note(session, first_byte, last_byte);
+    Analyse(session, {first_byte, last_byte}, note);
+  });
 }
 
 }  // namespace quillspeech

@@ -1,11 +1,14 @@
 #include "analysis/slice_steps.hpp"
 
+#include <algorithm>
+
 #include "analysis/spectrum.hpp"
 #include "analysis/word_scan.hpp"
+#include "base/run_time_failure.hpp"
 
 namespace quillspeech {
 
-SliceNote::SliceNote(Session& session, std::int64_t first_byte, std::int64_t last_byte)
+SliceNote::SliceNote(Session& session, Checked32 first_byte, Checked32 last_byte)
     : session_(session) {
   if (!session.trace.Keep_Slices) return;
   const WordTables& words = session.words;
@@ -13,8 +16,8 @@ SliceNote::SliceNote(Session& session, std::int64_t first_byte, std::int64_t las
   session.trace.slices.push_back({words.Current_Word_no_Processed.Raw(),
                                   words.Current_DeepWord_no_Processed.Raw(),
                                   words.Current_TooDeepWord_no_Processed.Raw(),
-                                  Narrow<std::int32_t>(first_byte),
-                                  Narrow<std::int32_t>(last_byte),
+                                  first_byte.Raw(),
+                                  last_byte.Raw(),
                                   {}});
 }
 
@@ -51,11 +54,13 @@ std::optional<std::int64_t> Count_Loud_Bytes(const Sample& sample, SliceSpan spa
 }
 
 void Centre_Slice(Session& session, SliceSpan span) {
-  const std::int64_t count = span.Length() - 2;
-  if (count < 1) return;
+  const auto& store = session.sample.Speech_Sample_Bytes;
   const std::int64_t first = span.first_byte + 1;
-  const std::int64_t last = first + count - 1;
-  const std::uint8_t* bytes = session.sample.Speech_Sample_Bytes.Read_Range(first, last);
+  const std::int64_t last_wanted = span.last_byte - 2;
+  if (last_wanted < first) return;
+  const std::int64_t last = std::clamp(store.Count() - 1, first - 1, last_wanted);
+  const std::int64_t count = last - first + 1;
+  const std::uint8_t* bytes = store.Read_Range(first, last);
   std::int16_t* in_span = session.slice.Span_Samples.Write_Range(first, last);
   std::int16_t* in_store = session.words.Decimated_Samples.Write_Range(first, last);
   std::int16_t* centred = session.words.Centred_Samples.Write_Range(1, count);
@@ -63,6 +68,7 @@ void Centre_Slice(Session& session, SliceSpan span) {
     const auto sample = static_cast<std::int16_t>(bytes[i] - Silent_Byte);
     in_span[i] = in_store[i] = centred[i] = sample;
   }
+  if (last < last_wanted) Fail(Failure::Subscript_Out_Of_Range);
 }
 
 void Correlate_Slice(Session& session, std::int64_t length, std::int64_t level) {
@@ -81,7 +87,6 @@ void Clear_Slice_Tables(Session& session) {
 void Count_Valleys(Session& session, std::int64_t level) {
   Slice& slice = session.slice;
   const auto angles = slice.angle_tables->For_Level(static_cast<int>(level));
-  slice.Engine_Category = 0;
   Compute_Curve(slice.Autocorrelation, *angles, slice.Magnitude, slice.Magnitude_dB,
                 slice.Curve_Bins_In_Use);
   slice.Engine_Category =

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "base/checked.hpp"
 #include "session/session.hpp"
 
 namespace quillspeech {
@@ -12,7 +13,7 @@ namespace quillspeech {
 // Keeps one call of a slice analysis in the session's trace, when slices are kept.
 class SliceNote {
  public:
-  SliceNote(Session& session, std::int64_t first_byte, std::int64_t last_byte);
+  SliceNote(Session& session, Checked32 first_byte, Checked32 last_byte);
   void Set_Category(std::int16_t category);
 
  private:
@@ -24,7 +25,7 @@ class SliceNote {
 // before these.
 std::int64_t End_Within_Sample(const Sample& sample, std::int64_t last_byte);
 
-// The byte positions first_byte to last_byte in the store, and what the slice is tested with.
+// The byte positions first_byte to last_byte in the store.
 struct SliceSpan {
   std::int64_t first_byte = 0;
   std::int64_t last_byte = 0;
@@ -41,7 +42,8 @@ std::optional<std::int64_t> Count_Loud_Bytes(const Sample& sample, SliceSpan spa
                                              std::int64_t loud_distance);
 
 // Takes the slice's bytes, without the first and the last two, into Span_Samples and
-// Decimated_Samples at their positions in the store and into Centred_Samples from index 1.
+// Decimated_Samples at their positions in the store and into Centred_Samples from index 1. Where
+// the store ends before the slice, what it has is taken, and then failure 9 follows.
 void Centre_Slice(Session& session, SliceSpan span);
 
 // Correlates the slice with itself, lags 0 to `level`. Cells of Centred_Samples past the slice's

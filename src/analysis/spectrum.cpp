@@ -1,8 +1,11 @@
 #include "analysis/spectrum.hpp"
 
+#ifdef __SSE2__
 #include <immintrin.h>
+#endif
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <memory>
 
@@ -11,8 +14,6 @@
 
 namespace quillspeech {
 namespace {
-
-constexpr int Largest_Level = AngleTable::Largest_Level;
 
 // One transform's bins from bin 1 on, with room for whole panels.
 struct alignas(64) ComplexBins {
@@ -30,7 +31,8 @@ struct Pairs {
 // The largest number of lags that any kernel takes at a time.
 constexpr int Most_Lags_At_A_Time = 9 * 16;
 
-// The inner loops for one vector width.
+// The inner loops for one vector width. Two lanes are written so that every machine has them; the
+// wider ones are the x86's.
 struct Kernel {
   void (*Sum_Products)(const Pairs& pairs, int lags, std::int32_t* sums);
   void (*Transform)(const AngleTable& angles, const double* R, ComplexBins& first,
@@ -42,7 +44,12 @@ namespace two_lanes {
 #define TARGET
 #define VECTOR_BYTES 16
 #define LAG_VECTORS 5
+#ifdef __SSE2__
 #define ADD_PRODUCTS_OF_PAIRS(sum, a, b) sum + (Words)_mm_madd_epi16((__m128i)(a), (__m128i)(b))
+#else
+#define ADD_PRODUCTS_OF_PAIRS(sum, a, b) \
+  sum + ((a) << 16 >> 16) * ((b) << 16 >> 16) + ((a) >> 16) * ((b) >> 16)
+#endif
 #include "analysis/spectrum_kernel.inc"
 }  // namespace two_lanes
 
@@ -112,6 +119,23 @@ void Sum_Lags(const Kernel& kernel, const std::int16_t* x, std::int64_t terms, i
   kernel.Sum_Products({leading, lagging, terms}, lags, sums);
 }
 
+// Writes every bin to the next free place and moves on when it was one: no jump to guess.
+template <class Is_Turn>
+int Find_Turns(const double* curve, int level, double* values, std::int32_t* bins,
+               Is_Turn is_turn) {
+  std::int32_t found[Largest_Level + 1];
+  int count = 0;
+  for (int bin = 1; bin < level; ++bin) {
+    found[count] = bin;
+    count += is_turn(curve[bin], curve[bin - 1]) & is_turn(curve[bin], curve[bin + 1]);
+  }
+  for (int i = 0; i < count; ++i) {
+    bins[i] = found[i];
+    values[i] = curve[found[i]];
+  }
+  return count;
+}
+
 }  // namespace
 
 VectorWidth Widest_Vectors() noexcept {
@@ -155,15 +179,11 @@ void Compute_Curve(const SpectrumTable& Autocorrelation, const AngleTable& angle
   ComplexBins second;
   kernel.Transform(angles, Autocorrelation.Data() + 1, first, second);
 
-  for (int i = 0; i < bins; i += 2) {
-    const __m128d real = _mm_load_pd(second.real + i);
-    const __m128d imag = _mm_load_pd(second.imag + i);
-    _mm_store_pd(first.real + i,
-                 _mm_sqrt_pd(_mm_add_pd(_mm_mul_pd(real, real), _mm_mul_pd(imag, imag))));
+  double* magnitude = Magnitude.Data() + 1;
+  for (int i = 0; i < bins; ++i) {
+    magnitude[i] = std::sqrt(second.real[i] * second.real[i] + second.imag[i] * second.imag[i]);
   }
-  Clear_Curve(Magnitude, Magnitude_dB, bins_in_use);
-  std::copy_n(first.real, bins, Magnitude.Data() + 1);
-  kernel.To_Decibels(first.real, bins, Magnitude_dB.Data() + 1);
+  kernel.To_Decibels(magnitude, bins, Magnitude_dB.Data() + 1);
   bins_in_use = level;
 }
 
@@ -172,27 +192,6 @@ void Clear_Curve(SpectrumTable& Magnitude, SpectrumTable& Magnitude_dB, std::int
   std::fill_n(Magnitude_dB.Data(), bins_in_use, 0.0);
   bins_in_use = 0;
 }
-
-namespace {
-
-// Writes every bin to the next free place and moves on when it was one: no jump to guess.
-template <class Is_Turn>
-int Find_Turns(const double* curve, int level, double* values, std::int32_t* bins,
-               Is_Turn is_turn) {
-  std::int32_t found[Largest_Level + 1];
-  int count = 0;
-  for (int bin = 1; bin < level; ++bin) {
-    found[count] = bin;
-    count += is_turn(curve[bin], curve[bin - 1]) & is_turn(curve[bin], curve[bin + 1]);
-  }
-  for (int i = 0; i < count; ++i) {
-    bins[i] = found[i];
-    values[i] = curve[found[i]];
-  }
-  return count;
-}
-
-}  // namespace
 
 int Find_Valleys(const SpectrumTable& Magnitude_dB, int level, SpectrumTable& Valley_dB,
                  BinTable& Valley_Bin) {

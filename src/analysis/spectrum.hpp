@@ -5,12 +5,9 @@
 #include <cstdint>
 
 #include "base/angle_table.hpp"
-#include "base/bounded_table.hpp"
+#include "base/spectrum_tables.hpp"
 
 namespace quillspeech {
-
-using SpectrumTable = BoundedTable<double, AngleTable::Largest_Level>;
-using BinTable = BoundedTable<std::int32_t, AngleTable::Largest_Level>;
 
 // How many doubles the inner loops take at a time. Every width gives the same bits.
 enum class VectorWidth { Two, Four, Eight };
@@ -30,14 +27,14 @@ void Autocorrelate(const std::int16_t* centred, std::int64_t length, int level,
                    SpectrumTable& Autocorrelation, VectorWidth width = Widest_Vectors());
 
 // The curve of the table's level: magnitudes of the second transform at bins 1 to level - 1, and
-// the same in decibels where they are greater than 0. Every other cell reads 0 afterwards.
-//   bins_in_use  cells from 0 on that the curve may hold; 0 for tables never written. The
-//                function clears up to there and then leaves the level in it.
+// the same in decibels where they are greater than 0, else 0. Other cells stay: clear the curve of
+// another level first.
+//   bins_in_use  becomes the level: cells from there on hold nothing of this curve.
 void Compute_Curve(const SpectrumTable& Autocorrelation, const AngleTable& angles,
                    SpectrumTable& Magnitude, SpectrumTable& Magnitude_dB, std::int32_t& bins_in_use,
                    VectorWidth width = Widest_Vectors());
 
-// Sets the curve to 0 and bins_in_use with it.
+// Sets the curve to 0, as far as it is in use, and bins_in_use with it.
 void Clear_Curve(SpectrumTable& Magnitude, SpectrumTable& Magnitude_dB, std::int32_t& bins_in_use);
 
 // Store the value and the bin of each bin from 1 to level - 1 that lies strictly below (a valley)

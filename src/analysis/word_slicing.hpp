@@ -3,12 +3,13 @@
 
 #include <cstdint>
 
+#include "base/checked.hpp"
 #include "session/session.hpp"
 
 namespace quillspeech {
 
 // Takes the first and the last byte of a slice in the store.
-using SliceAnalysis = void (*)(Session&, std::int64_t first_byte, std::int64_t last_byte);
+using SliceAnalysis = void (*)(Session&, Checked32 first_byte, Checked32 last_byte);
 
 // Sets No_of_Processings and Middle_Slice_Number for a word of `length` bytes in slices of
 // `slice_bytes` (not 0): both rounded half to even, so three slices have their middle at 2, five

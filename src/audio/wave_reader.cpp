@@ -2,6 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <optional>
+
+#include "base/little_endian.hpp"
 
 namespace quillspeech {
 
@@ -21,13 +25,13 @@ std::int64_t Read_Format(RiffFile& file, const RiffChunk& chunk, WaveFormat& for
   const std::int64_t wanted = std::min<std::int64_t>(chunk.size, Wave_Format_Bytes);
   const std::int64_t got = file.Read(bytes.data(), wanted);
   if (got < 1) return got;
-  const auto half = [&](std::size_t at) {
-    return static_cast<std::uint16_t>(bytes[at] | bytes[at + 1] << 8);
+  const auto field16 = [&](std::size_t offset) {
+    return From_Little_Endian<std::uint16_t>(bytes.data() + offset);
   };
-  const auto whole = [&](std::size_t at) {
-    return half(at) | static_cast<std::uint32_t>(half(at + 2)) << 16;
+  const auto field32 = [&](std::size_t offset) {
+    return From_Little_Endian<std::uint32_t>(bytes.data() + offset);
   };
-  format = {half(0), half(2), whole(4), whole(8), half(12), half(14)};
+  format = {field16(0), field16(2), field32(4), field32(8), field16(12), field16(14)};
   return got;
 }
 

@@ -1,6 +1,7 @@
 #include "base/angle_table.hpp"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/run_time_failure.hpp"
 #include "base/sine_cosine.hpp"
@@ -9,7 +10,7 @@ namespace quillspeech {
 namespace {
 
 int Valid_Level(int level) {
-  if (level < 1 || level > AngleTable::Largest_Level) Fail(Failure::Subscript_Out_Of_Range);
+  if (level < 1 || level > Largest_Level) Fail(Failure::Subscript_Out_Of_Range);
   return level;
 }
 
@@ -44,7 +45,20 @@ std::shared_ptr<const AngleTable> AngleTables::For_Level(int level) {
     *found = std::move(built);
   }
   std::rotate(latest_first_.begin(), found, found + 1);
+  Let_Go_Of_Older_Ones();
   return latest_first_.front();
+}
+
+// The first one always fits.
+void AngleTables::Let_Go_Of_Older_Ones() {
+  std::size_t bytes = 0;
+  for (auto& table : latest_first_) {
+    if (!table) continue;
+    bytes += table->Bytes();
+    if (bytes <= Most_Bytes_Kept) continue;
+    bytes -= table->Bytes();
+    table.reset();
+  }
 }
 
 }  // namespace quillspeech

@@ -7,6 +7,8 @@
 #include <mutex>
 #include <vector>
 
+#include "base/spectrum_tables.hpp"
+
 namespace quillspeech {
 
 // Radians, with 6.284 for the full circle: the value itself and not a nearer 2 pi. The products
@@ -20,7 +22,6 @@ constexpr double Transform_Angle(int bin, int term, int level) {
 // last bin a row holds 0.
 class AngleTable {
  public:
-  static constexpr int Largest_Level = 1200;
   static constexpr int Bins_In_Panel = 32;
 
   struct alignas(64) Row {
@@ -32,6 +33,7 @@ class AngleTable {
   explicit AngleTable(int level);
 
   int Level() const { return level_; }
+  std::size_t Bytes() const { return rows_.size() * sizeof(Row); }
   int Panels() const { return (level_ - 1 + Bins_In_Panel - 1) / Bins_In_Panel; }
 
   // The rows of terms 1 to level: bins 32 * panel + 1 and up. Panels count from 0; unchecked.
@@ -44,13 +46,19 @@ class AngleTable {
   std::vector<Row> rows_;
 };
 
-// Hands out tables by level and keeps those asked for last. Any number of threads may share one.
+// Hands out tables by level and keeps those asked for last: up to four, and 32 MB of them. Level 128
+// takes 262 KB, level 1200 takes 23 MB, so that one large table is kept and small ones beside it.
+// Any number of threads may share one.
 class AngleTables {
  public:
+  static constexpr std::size_t Most_Bytes_Kept = 32'000'000;
+
   // Failure 9 when the level is not in 1 to 1200. A table lives as long as somebody holds it.
   std::shared_ptr<const AngleTable> For_Level(int level);
 
  private:
+  void Let_Go_Of_Older_Ones();
+
   std::mutex mutex_;
   std::array<std::shared_ptr<const AngleTable>, 4> latest_first_;
 };

@@ -2,11 +2,14 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 #include <memory>
 #include <type_traits>
+#include <utility>
 
 #include "base/bounded_table.hpp"
 #include "base/run_time_failure.hpp"
@@ -20,9 +23,12 @@ template <class T>
 requires std::is_trivially_copyable_v<T>
 class DynamicTable {
  public:
-  // Indices 0 to upper, contents kept. Failure 9 when upper is negative, 7 when memory runs out.
+  // Indices 0 to upper, contents kept. Failure 9 when upper is negative, 7 when memory runs out or
+  // the machine cannot address so much; the table stays as it was then. Grows to just this size: a
+  // table that grows by one at a time is moved every time.
   void Resize(std::int64_t upper) {
     if (upper < 0) Fail(Failure::Subscript_Out_Of_Range);
+    if (upper >= Most_Elements) Fail(Failure::Out_Of_Memory);
     const std::int64_t count = upper + 1;
     if (count > capacity_) {
       Move_To(count);
@@ -61,6 +67,9 @@ class DynamicTable {
   }
 
  private:
+  static constexpr std::int64_t Most_Elements =
+      std::numeric_limits<std::ptrdiff_t>::max() / static_cast<std::ptrdiff_t>(sizeof(T));
+
   struct Free {
     void operator()(T* cells) const { std::free(cells); }
   };

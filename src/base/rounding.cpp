@@ -4,14 +4,6 @@
 
 namespace quillspeech {
 
-double Round(double value) {
-  const double floor = std::floor(value);
-  const double above = value - floor;
-  if (above > 0.5) return floor + 1;
-  if (above < 0.5) return floor;
-  return std::fmod(floor, 2.0) == 0.0 ? floor : floor + 1;
-}
-
 namespace {
 
 std::int64_t Rounded(double value) {
@@ -21,6 +13,14 @@ std::int64_t Rounded(double value) {
 }
 
 }  // namespace
+
+double Round(double value) {
+  const double floor = std::floor(value);
+  const double above = value - floor;
+  if (above > 0.5) return floor + 1;
+  if (above < 0.5) return floor;
+  return std::fmod(floor, 2.0) == 0.0 ? floor : floor + 1;
+}
 
 Checked16 Round_To_16(double value) { return Rounded(value); }
 

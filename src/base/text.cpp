@@ -1,49 +1,30 @@
 #include "base/text.hpp"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <system_error>
 
 namespace quillspeech {
 
-std::string_view Trim(std::string_view text) noexcept {
-  // Fields are mostly padding: its blanks go eight at a time.
-  constexpr std::string_view Blanks = "        ";
-  while (text.ends_with(Blanks)) text.remove_suffix(Blanks.size());
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-std::string Fixed(std::string_view text, std::size_t width) {
-  std::string fixed(text.substr(0, width));
-  fixed.resize(width, ' ');
-  return fixed;
-}
-
-std::string Lower_Case(std::string_view text) {
-  std::string lower(text);
-  for (char& letter : lower) {
-    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-  }
-  return lower;
-}
-
-std::optional<double> Text_To_Number(std::string_view text) {
-  text = Trim(text);
-  if (text.starts_with('+')) {
-    text.remove_prefix(1);
-    if (text.starts_with('-') || text.starts_with('+')) return std::nullopt;
-  }
-  double number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(number)) {
-    return std::nullopt;
-  }
-  return number;
-}
-
 namespace {
+
+// Of a number that is too small or too large for a double: whether it is too small. Then its first
+// digit stands behind the point, after the exponent has moved that.
+bool Is_Too_Small(std::string_view number) {
+  const auto mark = number.find_first_of("eE");
+  const std::string_view digits = number.substr(0, mark);
+  const auto point = static_cast<std::int64_t>(std::min(digits.find('.'), digits.size()));
+  const auto first = static_cast<std::int64_t>(digits.find_first_of("123456789"));
+  if (mark == std::string_view::npos) return point < first;
+  std::string_view exponent = number.substr(mark + 1);
+  if (exponent.starts_with('+')) exponent.remove_prefix(1);
+  std::int32_t shift = 0;
+  const auto error = std::from_chars(exponent.data(), exponent.data() + exponent.size(), shift).ec;
+  return error == std::errc() ? point + shift < first : exponent.starts_with('-');
+}
 
 // What the bytes 0x80 to 0x9F stand for.
 constexpr std::array<char16_t, 32> High_Controls = {
@@ -90,6 +71,43 @@ std::optional<std::uint32_t> Take_Character(std::string_view& utf8) {
 }
 
 }  // namespace
+
+std::string_view Trim(std::string_view text) noexcept {
+  // Fields are mostly padding: its blanks go eight at a time.
+  constexpr std::string_view Blanks = "        ";
+  while (text.ends_with(Blanks)) text.remove_suffix(Blanks.size());
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::string Fixed(std::string_view text, std::size_t width) {
+  std::string fixed(text.substr(0, width));
+  fixed.resize(width, ' ');
+  return fixed;
+}
+
+std::string Lower_Case(std::string_view text) {
+  std::string lower(text);
+  for (char& letter : lower) {
+    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+  }
+  return lower;
+}
+
+std::optional<double> Text_To_Number(std::string_view text) {
+  text = Trim(text);
+  if (text.starts_with('+')) {
+    text.remove_prefix(1);
+    if (text.starts_with('-') || text.starts_with('+')) return std::nullopt;
+  }
+  double number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (end != text.data() + text.size()) return std::nullopt;
+  if (error == std::errc::result_out_of_range && Is_Too_Small(text)) return 0;
+  if (error != std::errc() || !std::isfinite(number)) return std::nullopt;
+  return number;
+}
 
 std::string To_Utf8(std::string_view windows_1252) {
   std::string utf8;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,7 +19,7 @@ std::string Fixed(std::string_view text, std::size_t width);
 std::string Lower_Case(std::string_view text);
 
 // The number that a text spells (blanks around it, a sign, digits, a fraction, an exponent), or
-// nothing when it is no number.
+// nothing when it is no number. One too small for a double is 0, one too large is none.
 std::optional<double> Text_To_Number(std::string_view text);
 
 // Between Windows-1252 and UTF-8. The five bytes that Windows-1252 leaves open stand for U+0081,

@@ -238,14 +238,14 @@ void Check_Count(DataFileKind kind, std::int64_t count, const Reporter& reporter
   }
 }
 
-// A counted torn record is checked as it is read: with `missing` for what it lacks.
+// A counted torn record is checked as a reader reads it.
 template <class Record>
-void Check_Records(std::span<const std::uint8_t> bytes, std::int64_t count, std::uint8_t missing,
+void Check_Records(std::span<const std::uint8_t> bytes, std::int64_t count,
                    Reporter& reporter) {
   Record record;
   for (std::int64_t position = 1; position <= count; ++position) {
     const auto stored = bytes.first(std::min<std::size_t>(bytes.size(), Record::Record_Bytes));
-    std::ranges::fill(record.Bytes(), missing);
+    std::ranges::fill(record.Bytes(), Record::Missing_Byte);
     std::ranges::copy(stored, record.Bytes().begin());
     bytes = bytes.subspan(stored.size());
     reporter.Enter_Record(position);
@@ -263,11 +263,11 @@ void Find_Damage(DataFileKind kind, std::span<const std::uint8_t> bytes,
   Check_Count(kind, count, reporter);
   switch (kind) {
     case DataFileKind::Language:
-      return Check_Records<SayRecord>(bytes, count, 0, reporter);
+      return Check_Records<SayRecord>(bytes, count, reporter);
     case DataFileKind::Engine:
-      return Check_Records<EgnRecord>(bytes, count, ' ', reporter);
+      return Check_Records<EgnRecord>(bytes, count, reporter);
     case DataFileKind::Vocabulary:
-      return Check_Records<VocRecord>(bytes, count, 0, reporter);
+      return Check_Records<VocRecord>(bytes, count, reporter);
   }
 }
 

@@ -148,11 +148,17 @@ std::string Evaluation_Json(const Evaluation& evaluation) {
 
 std::string Answer_Line(const Answer& answer, bool colour) {
   const Ink ink = answer.outcome == Outcome::Right ? Ink::Green : Ink::Red;
+  const bool heard = !answer.answer.empty();
   std::ostringstream line;
-  line << Inked(Padded(Outcome_Name(answer.outcome), 9), ink, colour) << "  " << answer.file << "  "
-       << answer.expected;
-  if (answer.outcome == Outcome::Wrong) line << ", taken for " << answer.answer;
-  if (!answer.answer.empty()) line << "  " << answer.percentage << " %";
+  line << Inked(Padded(Outcome_Name(answer.outcome), 9), ink, colour) << "  "
+       << Padded(heard ? answer.answer : "-", 12) << "  ";
+  if (heard) {
+    line << std::setw(3) << answer.percentage << " %";
+  } else {
+    line << "     ";
+  }
+  line << "  " << answer.file;
+  if (answer.outcome != Outcome::Right) line << " (" << answer.expected << ")";
   if (!answer.pattern.empty()) line << "  " << Inked(answer.pattern, Ink::Dim, colour);
   line << "\n";
   return line.str();
@@ -160,19 +166,16 @@ std::string Answer_Line(const Answer& answer, bool colour) {
 
 namespace {
 
-std::string Sums(const Evaluation& evaluation) {
-  const int right = evaluation.Count(Outcome::Right);
-  const auto total = evaluation.answers.size();
+// The last line is "N of M right", and nothing else.
+std::string Sums(const Evaluation& evaluation, bool colour) {
   std::ostringstream text;
-  text << right << " of " << total << " right";
-  if (total > 0) {
-    const double share = 100.0 * right / static_cast<double>(total);
-    text << " (" << std::fixed << std::setprecision(1) << share << " %)";
-  }
-  text << ", " << evaluation.Count(Outcome::Wrong) << " wrong, "
-       << evaluation.Count(Outcome::No_Answer) << " without an answer";
+  text << "\n"
+       << evaluation.Count(Outcome::Wrong) << " wrong, " << evaluation.Count(Outcome::No_Answer)
+       << " without an answer";
   if (const int failed = evaluation.Count(Outcome::Failed)) text << ", " << failed << " failed";
-  text << "\n";
+  const std::string right = std::to_string(evaluation.Count(Outcome::Right)) + " of " +
+                            std::to_string(evaluation.answers.size()) + " right";
+  text << "\n" << Inked(right, Ink::Bold, colour) << "\n";
   return text.str();
 }
 
@@ -211,12 +214,12 @@ void Print_Shared(const Answer& answer, std::ostream& text) {
 
 std::string Evaluation_Text(const Evaluation& evaluation, bool colour) {
   std::ostringstream text;
-  text << "\n" << Inked(Sums(evaluation), Ink::Bold, colour);
   Print_Confusions(evaluation, text);
   if (evaluation.Count(Outcome::Wrong) > 0) text << "\nPatterns that fit the wrong answers:\n";
   for (const Answer& answer : evaluation.answers) {
     if (answer.outcome == Outcome::Wrong) Print_Shared(answer, text);
   }
+  text << Sums(evaluation, colour);
   return text.str();
 }
 

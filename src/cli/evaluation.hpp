@@ -43,7 +43,7 @@ struct Evaluation {
 void Find_Shared_Patterns(const std::string& language_file, std::vector<Answer>& answers);
 
 std::string Evaluation_Json(const Evaluation& evaluation);
-// One line for each answer; then the sums, the confusions and the shared patterns.
+// One line for each answer; then the confusions, the shared patterns and, last, the sums.
 std::string Answer_Line(const Answer& answer, bool colour);
 std::string Evaluation_Text(const Evaluation& evaluation, bool colour);
 

@@ -4,6 +4,7 @@
 
 #include "base/run_time_failure.hpp"
 #include "base/text.hpp"
+#include "datafiles/record_scan.hpp"
 
 namespace quillspeech::cli {
 
@@ -41,7 +42,7 @@ namespace {
 
 SayRecord Read_Record(RecordFile& file, std::int64_t number) {
   SayRecord record;
-  file.Read(number, record.Bytes());
+  file.Read(number, record.Bytes(), SayRecord::Missing_Byte);
   return record;
 }
 
@@ -64,8 +65,10 @@ FoundRecord Prepare_Record(RecordFile& file, std::int64_t count) {
 
 FoundRecord Find_Or_Prepare_Record(RecordFile& file, std::string_view word) {
   const std::int64_t count = file.Record_Count();
+  RecordScan scan(file);
+  SayRecord record;
   for (std::int64_t number = 1; number <= count; ++number) {
-    SayRecord record = Read_Record(file, number);
+    scan.Read_Next(record.Bytes(), SayRecord::Missing_Byte);
     if (Has_Word(record, word)) return {number, false, record};
   }
   return Prepare_Record(file, count);

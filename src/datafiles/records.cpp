@@ -5,8 +5,9 @@
 #include <concepts>
 #include <cstddef>
 #include <limits>
-#include <type_traits>
+#include <string>
 
+#include "base/little_endian.hpp"
 #include "base/run_time_failure.hpp"
 
 namespace quillspeech::datafiles {
@@ -68,20 +69,12 @@ constexpr std::size_t VocabularySampleCount = 9632;
 
 template <std::integral T>
 T Get(Record record, std::size_t offset) {
-  using Unsigned = std::make_unsigned_t<T>;
-  Unsigned value = 0;
-  for (std::size_t i = 0; i < sizeof(T); ++i) {
-    value = static_cast<Unsigned>(value | Unsigned{record[offset + i]} << (8 * i));
-  }
-  return static_cast<T>(value);
+  return From_Little_Endian<T>(record.subspan(offset, sizeof(T)).data());
 }
 
 template <std::integral T>
 void Put(WritableRecord record, std::size_t offset, T value) {
-  const auto bits = static_cast<std::make_unsigned_t<T>>(value);
-  for (std::size_t i = 0; i < sizeof(T); ++i) {
-    record[offset + i] = static_cast<std::uint8_t>(bits >> (8 * i));
-  }
+  To_Little_Endian(value, record.subspan(offset, sizeof(T)).data());
 }
 
 std::string_view Get(Record record, Text field) {

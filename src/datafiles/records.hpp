@@ -6,6 +6,8 @@
 //
 // A text is read with its whole width; writing cuts it or pads it with blanks. An index outside its
 // array is failure 9.
+//
+// Missing_Byte is what a reader takes for the bytes that a file lacks.
 #pragma once
 
 #include <array>
@@ -19,6 +21,7 @@ namespace quillspeech::datafiles {
 class SayRecord {
  public:
   static constexpr int Record_Bytes = 8476;
+  static constexpr std::uint8_t Missing_Byte = 0;
   static constexpr int Most_Words = 100;
   static constexpr int Most_Likes = 30;
   static constexpr int Most_Differentiators = 50;
@@ -67,6 +70,7 @@ class SayRecord {
 class EgnRecord {
  public:
   static constexpr int Record_Bytes = 2024;
+  static constexpr std::uint8_t Missing_Byte = 0x20;  // blank groups
   static constexpr int Last_Slot = 100;
 
   std::int32_t RecordNo() const;
@@ -85,6 +89,7 @@ class EgnRecord {
 class VocRecord {
  public:
   static constexpr int Record_Bytes = 9634;
+  static constexpr std::uint8_t Missing_Byte = 0;
   static constexpr int Last_Sample = 1200;
 
   std::int32_t RecordNo() const;

@@ -8,7 +8,8 @@
 
 namespace quillspeech {
 
-// One open file. Every failure is a RunTimeFailure: 57 device, 61 disk full, 70 permission.
+// One open file. Failures: 7 out of memory, 57 the device failed or refused the lock, 61 the disk
+// is full or the file too large, 70 permission.
 class DataFile {
  public:
   virtual ~DataFile() = default;
@@ -16,11 +17,13 @@ class DataFile {
   virtual std::int64_t Length() const = 0;  // bytes
 
   // Reads what the file holds from `offset` on, up to the span's size; gives the bytes read. No
-  // write of another user of the file shows in part.
+  // write of another user of the file shows in part, unless the file lies on a file system that has
+  // no locks.
   virtual std::int64_t Read(std::int64_t offset, std::span<std::uint8_t> bytes) = 0;
 
-  // Writes the whole span at `offset`. A write that fails leaves the file's length as it was, and
-  // never changes a byte outside the span. A gap between the old end and the offset reads as zeros.
+  // Writes the whole span at `offset`. A write that fails never changes a byte outside the span,
+  // and leaves the file's length as it was as far as the device lets it. A gap between the old end
+  // and the offset reads as zeros.
   virtual void Write(std::int64_t offset, std::span<const std::uint8_t> bytes) = 0;
 };
 
@@ -28,8 +31,9 @@ class DataFileStore {
  public:
   virtual ~DataFileStore() = default;
 
-  // Opens for reading and writing; a name that does not exist is created empty. Failures: 52 bad
-  // name, 70 permission, 75 path access, 76 path not found. Destroying the file closes it.
+  // Opens for reading and writing; a name that does not exist is created empty. Destroying the file
+  // closes it. Failures: 7 out of memory, 52 bad name, 57 device, 61 no room to create it, 70
+  // permission, 75 path access, 76 path not found.
   virtual std::unique_ptr<DataFile> Open(const std::string& name) = 0;
 };
 

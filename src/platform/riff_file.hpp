@@ -21,7 +21,7 @@ struct RiffChunk {
   std::uint32_t size = 0;         // bytes of the chunk's data, the pad byte not among them
   std::uint32_t form_type = 0;    // of a RIFF chunk
   std::uint32_t data_offset = 0;  // of the first byte behind the size field
-  std::uint32_t flags = 0;
+  std::uint32_t flags = 0;        // always 0
 };
 
 // One open file with a reading position, at first 0. A chunk belongs to its parent when its header

@@ -2,6 +2,8 @@
 
 #include <limits>
 
+#include "base/little_endian.hpp"
+
 namespace quillspeech {
 
 namespace {
@@ -25,10 +27,7 @@ std::optional<std::uint32_t> RiffWalk::Number_At(std::int64_t offset) {
         source_->Read_At(offset, window_.data(), static_cast<std::int64_t>(window_.size()));
     if (window_bytes_ < Width) return std::nullopt;
   }
-  const std::uint8_t* bytes = window_.data() + (offset - window_offset_);
-  std::uint32_t number = 0;
-  for (int i = 0; i < Width; ++i) number |= std::uint32_t{bytes[i]} << (8 * i);
-  return number;
+  return From_Little_Endian<std::uint32_t>(window_.data() + (offset - window_offset_));
 }
 
 std::optional<RiffChunk> RiffWalk::Chunk_At(std::int64_t offset) {

@@ -5,6 +5,7 @@
 
 #include "recognition/like_match.hpp"
 #include "session/failure_trap.hpp"
+#include "session/open_records.hpp"
 
 namespace quillspeech {
 namespace {
@@ -32,17 +33,6 @@ bool Is_Engine_File_Name(std::string_view name) {
   return Like_Match(name, "*.EGN") || Like_Match(name, "*.egn");
 }
 
-void Read_Engine_Record(Session& session) {
-  OpenDataFile& data = session.data;
-  constexpr std::uint8_t Blank = ' ';
-  data.Main_File_Number.Open(session.ports.data_files,
-                             session.settings.Consider_this_Engine_for_Recognition,
-                             datafiles::EgnRecord::Record_Bytes);
-  data.Main_Record_Count = data.Main_File_Number.Record_Count();
-  data.Main_File_Number.Read(1, data.EgnRecord.Bytes(), Blank);
-  if (data.Main_Record_Count == 0) data.EgnRecord.RecordNo(1);
-}
-
 void Load_Engine_File(Session& session) {
   if (!Is_Engine_File_Name(session.settings.Consider_this_Engine_for_Recognition)) {
     Show_Box(session, "Please see if you have provided correctly the location of the engine file",
@@ -50,7 +40,8 @@ void Load_Engine_File(Session& session) {
     session.operations.Stop_And_Recover(session);
     return;
   }
-  Read_Engine_Record(session);
+  Open_Records(session.data, session.data.EgnRecord, session.ports.data_files,
+               session.settings.Consider_this_Engine_for_Recognition);
   // The last slot stays out: a category of 100 keeps what the table held before.
   for (int category = 0; category < datafiles::EgnRecord::Last_Slot; ++category) {
     session.filter.Engine_Table[category] = session.data.EgnRecord.EngineSlots(category);

@@ -5,9 +5,11 @@
 
 #include "base/rounding.hpp"
 #include "base/text.hpp"
+#include "datafiles/record_scan.hpp"
 #include "recognition/like_match.hpp"
 #include "recognition/ranking.hpp"
 #include "session/failure_trap.hpp"
+#include "session/open_records.hpp"
 
 namespace quillspeech {
 namespace {
@@ -81,23 +83,14 @@ bool Scan_Record(Session& session, LikeText& text) {
   return found;
 }
 
-void Open_Language_File(Session& session) {
-  OpenDataFile& data = session.data;
-  data.Main_File_Number.Open(session.ports.data_files,
-                             session.settings.Consider_this_Lang_File_to_match,
-                             SayRecord::Record_Bytes);
-  data.Main_Record_Count = data.Main_File_Number.Record_Count();
-  data.Main_File_Number.Read(1, data.SayRecord.Bytes());
-  if (data.Main_Record_Count == 0) data.SayRecord.RecordNo(1);
-}
-
 // Gives whether a word was found. More records than 16 bits count are failure 6.
 bool Scan_Language_File(Session& session, LikeText& text) {
   OpenDataFile& data = session.data;
   const Checked16 last = data.Main_Record_Count.Raw();
+  RecordScan scan(data.Main_File_Number);
   bool found = false;
   for (std::int64_t number = 1; number <= last; ++number) {
-    data.Main_File_Number.Read(number, data.SayRecord.Bytes());
+    scan.Read_Next(data.SayRecord.Bytes(), SayRecord::Missing_Byte);
     if (Scan_Record(session, text)) found = true;
   }
   return found;
@@ -142,7 +135,8 @@ void Scan_And_Report(Session& session) {
              BoxIcon::Information);
     return;
   }
-  Open_Language_File(session);
+  Open_Records(session.data, session.data.SayRecord, session.ports.data_files,
+               session.settings.Consider_this_Lang_File_to_match);
   const bool found = Scan_Language_File(session, text);
   Close_Language_File(session);
   if (!found) {

@@ -65,19 +65,20 @@ TEST_F(Evaluate, The_patterns_that_let_a_wrong_word_in_are_named) {
   EXPECT_EQ(shared[1]["words"].dump(), R"(["low"])");
 }
 
-TEST_F(Evaluate, Text_ends_with_the_sum_the_confusions_and_their_patterns) {
+TEST_F(Evaluate, Text_lists_the_answers_the_confusions_their_patterns_and_last_the_sum) {
   const auto low = Put_Sound("low_1.wav", Low_Word());
   const auto high = Put_Sound("high_1.wav", High_Word());
   EXPECT_EQ(Run({"evaluate", "--language", Confused_Language(), low, high}), 0);
-  EXPECT_EQ(out, "wrong      " + low + "  low, taken for deep  80 %  oadbtrvgpunmle\n" +
-                     "right      " + high + "  high  80 %  fthjjsAkgH\n" +
-                     "\n1 of 2 right (50.0 %), 1 wrong, 0 without an answer\n"
+  EXPECT_EQ(out, "wrong      deep           80 %  " + low + " (low)  oadbtrvgpunmle\n" +
+                     "right      high           80 %  " + high + "  fthjjsAkgH\n" +
                      "\nspoken  taken for  times\n"
                      "low     deep       1\n"
                      "\nPatterns that fit the wrong answers:\n" +
                      low + ": oadbtrvgpunmle\n" +
                      "  record 1, pattern 2: oa*  (deep)\n"
-                     "  record 2, pattern 1: oadb*  (low)\n");
+                     "  record 2, pattern 1: oadb*  (low)\n"
+                     "\n1 wrong, 0 without an answer\n"
+                     "1 of 2 right\n");
 }
 
 TEST_F(Evaluate, Labels_name_the_words_by_path_or_by_file_name) {

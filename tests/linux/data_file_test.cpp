@@ -4,97 +4,66 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/file.h>
+#include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <atomic>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <iterator>
 #include <string>
 #include <thread>
 #include <vector>
 
-#include "base/run_time_failure.hpp"
-#include "datafiles/record_file.hpp"
+#include "tests/linux/open_descriptors.hpp"
+#include "tests/support/failures.hpp"
+#include "tests/support/temporary_folder.hpp"
 
 namespace quillspeech {
 namespace {
 
 namespace fs = std::filesystem;
-using File_Bytes = std::vector<std::uint8_t>;
+using tests::Descriptor_Of;
+using tests::Failure_Of;
+using tests::Open_Descriptors;
+using FileBytes = std::vector<std::uint8_t>;
 
-int Failure_Number(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (const RunTimeFailure& failure) {
-    return failure.Number();
-  }
-  return 0;
-}
-
-int Open_Descriptors() {
-  const fs::directory_iterator all("/proc/self/fd");
-  return static_cast<int>(std::distance(begin(all), end(all)));
-}
-
-// A folder of its own for each test, which goes with it.
-struct DataFileOnDisk : testing::Test {
+struct DataFileOnDisk : testing::Test, tests::TemporaryFolder {
   linux::DataFileStore store;
-  fs::path folder;
-
-  void SetUp() override {
-    std::string name = (fs::temp_directory_path() / "quillspeech-XXXXXX").string();
-    ASSERT_NE(::mkdtemp(name.data()), nullptr);
-    folder = name;
-  }
-  void TearDown() override { fs::remove_all(folder); }
-
-  std::string Path(const std::string& name) const { return (folder / name).string(); }
-  std::string Put(const std::string& name, const File_Bytes& bytes) const {
-    std::ofstream(Path(name), std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()),
-               static_cast<std::streamsize>(bytes.size()));
-    return Path(name);
-  }
-  File_Bytes Content(const std::string& name) const {
-    std::ifstream stream(Path(name), std::ios::binary);
-    return File_Bytes(std::istreambuf_iterator<char>(stream), {});
-  }
 };
 
 TEST_F(DataFileOnDisk, A_new_name_is_created_empty) {
   const auto file = store.Open(Path("new.say"));
   EXPECT_EQ(file->Length(), 0);
-  EXPECT_TRUE(fs::exists(Path("new.say")));
+  EXPECT_TRUE(Exists("new.say"));
 }
 
 TEST_F(DataFileOnDisk, An_existing_file_is_opened_as_it_is) {
   const auto file = store.Open(Put("a.say", {1, 2, 3}));
   EXPECT_EQ(file->Length(), 3);
-  File_Bytes bytes(4);
+  FileBytes bytes(4);
   EXPECT_EQ(file->Read(1, bytes), 2);
-  EXPECT_EQ(bytes, (File_Bytes{2, 3, 0, 0}));
-  EXPECT_EQ(Content("a.say"), (File_Bytes{1, 2, 3}));
+  EXPECT_EQ(bytes, (FileBytes{2, 3, 0, 0}));
+  EXPECT_EQ(Content("a.say"), (FileBytes{1, 2, 3}));
 }
 
 TEST_F(DataFileOnDisk, Reading_behind_the_end_gives_nothing) {
   const auto file = store.Open(Put("a.say", {1, 2, 3}));
-  File_Bytes bytes(4);
+  FileBytes bytes(4);
   EXPECT_EQ(file->Read(3, bytes), 0);
   EXPECT_EQ(file->Read(std::int64_t{1} << 44, bytes), 0);
 }
 
 TEST_F(DataFileOnDisk, A_write_changes_its_span_only_and_grows_the_file_with_zeros) {
   const auto file = store.Open(Put("a.say", {1, 2, 3}));
-  file->Write(1, File_Bytes{9});
-  EXPECT_EQ(Content("a.say"), (File_Bytes{1, 9, 3}));
-  file->Write(5, File_Bytes{7, 7});
-  EXPECT_EQ(Content("a.say"), (File_Bytes{1, 9, 3, 0, 0, 7, 7}));
+  file->Write(1, FileBytes{9});
+  EXPECT_EQ(Content("a.say"), (FileBytes{1, 9, 3}));
+  file->Write(5, FileBytes{7, 7});
+  EXPECT_EQ(Content("a.say"), (FileBytes{1, 9, 3, 0, 0, 7, 7}));
 }
 
 TEST_F(DataFileOnDisk, Failures_to_open_have_their_numbers) {
@@ -119,22 +88,22 @@ TEST_F(DataFileOnDisk, Failures_to_open_have_their_numbers) {
   };
   for (const Case& one : cases) {
     SCOPED_TRACE(one.name);
-    EXPECT_EQ(Failure_Number([&] { store.Open(one.name); }), one.number);
+    EXPECT_EQ(Failure_Of([&] { store.Open(one.name); }), one.number);
   }
 }
 
 // While it lives, root is an ordinary user: root may write every file.
-class Ordinary_User {
+class OrdinaryUser {
  public:
-  Ordinary_User() : old_(::geteuid()) {
+  OrdinaryUser() : old_(::geteuid()) {
     constexpr uid_t Nobody = 65534;
     if (old_ == 0) is_ordinary_ = ::seteuid(Nobody) == 0;
   }
-  ~Ordinary_User() {
+  ~OrdinaryUser() {
     if (::seteuid(old_) != 0) std::abort();
   }
-  Ordinary_User(const Ordinary_User&) = delete;
-  Ordinary_User& operator=(const Ordinary_User&) = delete;
+  OrdinaryUser(const OrdinaryUser&) = delete;
+  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
   bool Is_Ordinary() const { return is_ordinary_; }
 
  private:
@@ -144,20 +113,20 @@ class Ordinary_User {
 
 TEST_F(DataFileOnDisk, A_file_that_may_not_be_written_is_failure_75) {
   const std::string path = Put("a.say", {1});
-  fs::permissions(folder, fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
+  fs::permissions(Folder(), fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
   fs::permissions(path, fs::perms::owner_read | fs::perms::others_read);
-  const Ordinary_User user;
-  ASSERT_TRUE(user.Is_Ordinary());
-  EXPECT_EQ(Failure_Number([&] { store.Open(path); }), 75);
+  const OrdinaryUser user;
+  if (!user.Is_Ordinary()) GTEST_SKIP() << "root cannot become another user here";
+  EXPECT_EQ(Failure_Of([&] { store.Open(path); }), 75);
 }
 
 TEST_F(DataFileOnDisk, No_descriptor_is_left_open) {
   fs::create_directory(Path("folder"));
   ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
   const int before = Open_Descriptors();
-  for (const char* name : {"folder", "pipe", "gone/a.say"}) {
-    EXPECT_NE(Failure_Number([&] { store.Open(Path(name)); }), 0);
-  }
+  EXPECT_EQ(Failure_Of([&] { store.Open(Path("folder")); }), 75);
+  EXPECT_EQ(Failure_Of([&] { store.Open(Path("pipe")); }), 75);
+  EXPECT_EQ(Failure_Of([&] { store.Open(Path("gone/a.say")); }), 76);
   { const auto file = store.Open(Path("a.say")); }
   EXPECT_EQ(Open_Descriptors(), before);
 }
@@ -166,25 +135,25 @@ TEST_F(DataFileOnDisk, Opening_and_closing_delete_nothing) {
   Put("a.say", {1, 2, 3});
   { const auto file = store.Open(Path("a.say")); }
   { const auto file = store.Open(Path("new.say")); }
-  EXPECT_EQ(Content("a.say"), (File_Bytes{1, 2, 3}));
-  EXPECT_TRUE(fs::exists(Path("new.say")));
+  EXPECT_EQ(Content("a.say"), (FileBytes{1, 2, 3}));
+  EXPECT_TRUE(Exists("new.say"));
 }
 
 // While it lives, files of this process end at that length: a write that crosses it is torn there.
-class Largest_File {
+class LargestFile {
  public:
-  explicit Largest_File(rlim_t bytes) {
+  explicit LargestFile(rlim_t bytes) {
     ::getrlimit(RLIMIT_FSIZE, &old_);
     old_handler_ = ::signal(SIGXFSZ, SIG_IGN);
     const rlimit small{bytes, old_.rlim_max};
     ::setrlimit(RLIMIT_FSIZE, &small);
   }
-  ~Largest_File() {
+  ~LargestFile() {
     ::setrlimit(RLIMIT_FSIZE, &old_);
     ::signal(SIGXFSZ, old_handler_);
   }
-  Largest_File(const Largest_File&) = delete;
-  Largest_File& operator=(const Largest_File&) = delete;
+  LargestFile(const LargestFile&) = delete;
+  LargestFile& operator=(const LargestFile&) = delete;
 
  private:
   rlimit old_{};
@@ -192,58 +161,91 @@ class Largest_File {
 };
 
 TEST_F(DataFileOnDisk, A_write_torn_while_the_file_grows_leaves_the_file_as_it_was) {
-  const auto file = store.Open(Put("a.say", File_Bytes(100, 1)));
+  const auto file = store.Open(Put("a.say", FileBytes(100, 1)));
   int number = 0;
   {
-    const Largest_File limit(120);
-    number = Failure_Number([&] { file->Write(90, File_Bytes(50, 9)); });
+    const LargestFile limit(120);
+    number = Failure_Of([&] { file->Write(90, FileBytes(50, 9)); });
   }
   EXPECT_EQ(number, 61);
-  EXPECT_EQ(Content("a.say"), File_Bytes(100, 1));
+  EXPECT_EQ(Content("a.say"), FileBytes(100, 1));
   EXPECT_EQ(file->Length(), 100);
 }
 
 TEST_F(DataFileOnDisk, A_write_torn_within_the_file_puts_the_old_bytes_back) {
-  const auto file = store.Open(Put("a.say", File_Bytes(100, 1)));
+  const auto file = store.Open(Put("a.say", FileBytes(100, 1)));
   int number = 0;
   {
-    const Largest_File limit(60);
-    number = Failure_Number([&] { file->Write(40, File_Bytes(50, 9)); });
+    const LargestFile limit(60);
+    number = Failure_Of([&] { file->Write(40, FileBytes(50, 9)); });
   }
   EXPECT_EQ(number, 61);
-  EXPECT_EQ(Content("a.say"), File_Bytes(100, 1));
+  EXPECT_EQ(Content("a.say"), FileBytes(100, 1));
 }
 
 TEST_F(DataFileOnDisk, A_write_that_cannot_begin_leaves_the_file_as_it_was) {
-  const auto file = store.Open(Put("a.say", File_Bytes(100, 1)));
+  const auto file = store.Open(Put("a.say", FileBytes(100, 1)));
   int number = 0;
   {
-    const Largest_File limit(100);
-    number = Failure_Number([&] { file->Write(200, File_Bytes(50, 9)); });
+    const LargestFile limit(100);
+    number = Failure_Of([&] { file->Write(200, FileBytes(50, 9)); });
   }
   EXPECT_EQ(number, 61);
-  EXPECT_EQ(Content("a.say"), File_Bytes(100, 1));
-  file->Write(100, File_Bytes(1, 2));
+  EXPECT_EQ(Content("a.say"), FileBytes(100, 1));
+  file->Write(100, FileBytes(1, 2));
   EXPECT_EQ(file->Length(), 101);
 }
 
-TEST_F(DataFileOnDisk, A_child_process_inherits_no_open_file) {
-  const int before = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
-  const auto file = store.Open(Path("a.say"));
-  EXPECT_NE(::fcntl(before + 1, F_GETFD) & FD_CLOEXEC, 0);
-  ::close(before);
+// A file in memory, by a path of its own, that refuses to be cut.
+class UncuttableFile {
+ public:
+  explicit UncuttableFile(const FileBytes& bytes)
+      : descriptor_(::memfd_create("uncuttable", MFD_CLOEXEC | MFD_ALLOW_SEALING)) {
+    EXPECT_EQ(::write(descriptor_, bytes.data(), bytes.size()), std::ssize(bytes));
+    EXPECT_EQ(::fcntl(descriptor_, F_ADD_SEALS, F_SEAL_SHRINK), 0);
+  }
+  ~UncuttableFile() { ::close(descriptor_); }
+  UncuttableFile(const UncuttableFile&) = delete;
+  UncuttableFile& operator=(const UncuttableFile&) = delete;
+  std::string Path() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
+
+ private:
+  int descriptor_;
+};
+
+TEST_F(DataFileOnDisk, A_file_that_cannot_be_cut_again_has_its_old_bytes_and_the_first_failure) {
+  const UncuttableFile uncuttable(FileBytes(100, 1));
+  const auto file = store.Open(uncuttable.Path());
+  int number = 0;
+  {
+    const LargestFile limit(120);
+    number = Failure_Of([&] { file->Write(90, FileBytes(50, 9)); });
+  }
+  EXPECT_EQ(number, 61);
+  EXPECT_EQ(file->Length(), 120);
+  FileBytes bytes(100);
+  EXPECT_EQ(file->Read(0, bytes), 100);
+  EXPECT_EQ(bytes, FileBytes(100, 1));
 }
 
-// Another user of the file, who holds its lock.
-class Other_User {
+TEST_F(DataFileOnDisk, A_child_process_inherits_no_open_file) {
+  const std::string path = Path("a.say");
+  const auto file = store.Open(path);
+  const int descriptor = Descriptor_Of(path);
+  ASSERT_GE(descriptor, 0);
+  EXPECT_EQ(::fcntl(descriptor, F_GETFD), FD_CLOEXEC);
+}
+
+// Another user of the file, who holds its lock. Whoever should hold none then fails the test here.
+class OtherUser {
  public:
-  Other_User(const std::string& path, int kind)
+  OtherUser(const std::string& path, int kind)
       : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
-    EXPECT_EQ(::flock(descriptor_, kind), 0);
+    EXPECT_EQ(::flock(descriptor_, kind | LOCK_NB), 0);
   }
-  ~Other_User() { ::close(descriptor_); }
-  Other_User(const Other_User&) = delete;
-  Other_User& operator=(const Other_User&) = delete;
+  ~OtherUser() { ::close(descriptor_); }
+  OtherUser(const OtherUser&) = delete;
+  OtherUser& operator=(const OtherUser&) = delete;
   void Let_Go() { ::flock(descriptor_, LOCK_UN); }
 
  private:
@@ -252,7 +254,7 @@ class Other_User {
 
 // Runs the call beside us and tells whether it was asleep, or done, when it came to rest first.
 // Then lets the other user go and waits for the end of the call.
-bool Waits_For(Other_User& other, const std::function<void()>& call) {
+bool Waits_For(OtherUser& other, const std::function<void()>& call) {
   std::atomic<pid_t> thread_id = 0;
   std::atomic<bool> done = false;
   std::thread thread([&] {
@@ -274,93 +276,59 @@ bool Waits_For(Other_User& other, const std::function<void()>& call) {
 }
 
 TEST_F(DataFileOnDisk, Whoever_comes_while_another_writes_waits_for_the_end) {
-  const std::string path = Put("a.say", File_Bytes(100, 1));
+  const std::string path = Put("a.say", FileBytes(100, 1));
   const auto file = store.Open(path);
-  File_Bytes bytes(100, 2);
+  FileBytes bytes(100, 2);
   const std::vector<std::function<void()>> calls = {
       [&] { file->Read(0, bytes); }, [&] { file->Length(); }, [&] { file->Write(0, bytes); }};
   for (const auto& call : calls) {
-    Other_User writer(path, LOCK_EX);
+    OtherUser writer(path, LOCK_EX);
     EXPECT_TRUE(Waits_For(writer, call));
   }
 }
 
-TEST_F(DataFileOnDisk, A_writer_waits_for_readers_and_readers_not_for_each_other) {
-  const std::string path = Put("a.say", File_Bytes(100, 1));
+TEST_F(DataFileOnDisk, A_writer_waits_for_readers) {
+  const std::string path = Put("a.say", FileBytes(100, 1));
   const auto file = store.Open(path);
-  Other_User reader(path, LOCK_SH);
-  File_Bytes bytes(100);
-  EXPECT_EQ(file->Read(0, bytes), 100);
-  EXPECT_EQ(file->Length(), 100);
-  EXPECT_TRUE(Waits_For(reader, [&] { file->Write(0, File_Bytes(100, 2)); }));
-  EXPECT_EQ(Content("a.say"), File_Bytes(100, 2));
+  OtherUser reader(path, LOCK_SH);
+  EXPECT_TRUE(Waits_For(reader, [&] { file->Write(0, FileBytes(100, 2)); }));
+  EXPECT_EQ(Content("a.say"), FileBytes(100, 2));
+}
+
+TEST_F(DataFileOnDisk, Readers_do_not_wait_for_each_other) {
+  const std::string path = Put("a.say", FileBytes(100, 1));
+  const auto file = store.Open(path);
+  FileBytes bytes(100);
+  const std::vector<std::function<void()>> calls = {[&] { file->Read(0, bytes); },
+                                                    [&] { file->Length(); }};
+  for (const auto& call : calls) {
+    OtherUser reader(path, LOCK_SH);
+    EXPECT_FALSE(Waits_For(reader, call));
+  }
 }
 
 TEST_F(DataFileOnDisk, Nobody_waits_when_a_call_has_ended_or_failed) {
-  const auto file = store.Open(Put("a.say", File_Bytes(100, 1)));
+  const auto file = store.Open(Put("a.say", FileBytes(100, 1)));
   {
-    const Largest_File limit(120);
-    EXPECT_THROW(file->Write(90, File_Bytes(50, 9)), RunTimeFailure);
+    const LargestFile limit(120);
+    EXPECT_EQ(Failure_Of([&] { file->Write(90, FileBytes(50, 9)); }), 61);
   }
-  file->Write(0, File_Bytes{1});
-  const int descriptor = ::open(Path("a.say").c_str(), O_RDONLY | O_CLOEXEC);
-  EXPECT_EQ(::flock(descriptor, LOCK_EX | LOCK_NB), 0);
-  ::close(descriptor);
+  { const OtherUser writer(Path("a.say"), LOCK_EX); }
+  file->Write(0, FileBytes{1});
+  { const OtherUser writer(Path("a.say"), LOCK_EX); }
 }
 
-// Two threads put whole records of one letter over each other, and two more look on.
-TEST_F(DataFileOnDisk, No_reader_sees_a_record_in_part) {
-  constexpr int Record_Bytes = 1 << 20;
-  constexpr int Records = 2;
-  constexpr int Rounds = 40;
-  const std::string path = Put("a.say", File_Bytes(Record_Bytes * Records, 'a'));
-  std::atomic<int> writers = 2;
-  std::atomic<int> torn = 0;
-  const auto write = [&](std::uint8_t letter) {
-    RecordFile file;
-    file.Open(store, path, Record_Bytes);
-    for (int i = 0; i < Rounds; ++i) file.Write(i % Records + 1, File_Bytes(Record_Bytes, letter));
-    --writers;
-  };
-  const auto read = [&] {
-    RecordFile file;
-    file.Open(store, path, Record_Bytes);
-    File_Bytes record(Record_Bytes);
-    do {
-      for (int number = 1; number <= Records; ++number) {
-        file.Read(number, record);
-        if (std::count(record.begin(), record.end(), record.front()) != Record_Bytes) ++torn;
-      }
-    } while (writers > 0);
-  };
-  std::vector<std::thread> threads;
-  threads.emplace_back(write, std::uint8_t{'b'});
-  threads.emplace_back(write, std::uint8_t{'c'});
-  threads.emplace_back(read);
-  threads.emplace_back(read);
-  for (auto& thread : threads) thread.join();
-  EXPECT_EQ(torn, 0);
-}
-
-TEST_F(DataFileOnDisk, The_length_is_never_that_of_a_record_in_part) {
-  constexpr int Record_Bytes = 9634;
-  const std::string path = Put("a.say", {});
-  std::atomic<bool> writing = true;
-  std::thread writer([&] {
-    RecordFile file;
-    file.Open(store, path, Record_Bytes);
-    for (int number = 1; number <= 300; ++number) {
-      file.Write(number, File_Bytes(Record_Bytes, 'a'));
-    }
-    writing = false;
-  });
+TEST_F(DataFileOnDisk, A_lock_that_is_refused_is_failure_57) {
+  const std::string path = Put("a.say", FileBytes(100, 1));
   const auto file = store.Open(path);
-  int parts = 0;
-  do {
-    if (file->Length() % Record_Bytes != 0) ++parts;
-  } while (writing);
-  writer.join();
-  EXPECT_EQ(parts, 0);
+  const int unlockable = ::open(path.c_str(), O_PATH | O_CLOEXEC);  // can be measured all the same
+  ASSERT_GE(::dup3(unlockable, Descriptor_Of(path), O_CLOEXEC), 0);
+  ::close(unlockable);
+  FileBytes bytes(1);
+  EXPECT_EQ(Failure_Of([&] { file->Length(); }), 57);
+  EXPECT_EQ(Failure_Of([&] { file->Read(0, bytes); }), 57);
+  EXPECT_EQ(Failure_Of([&] { file->Write(0, bytes); }), 57);
+  EXPECT_EQ(Content("a.say"), FileBytes(100, 1));
 }
 
 }  // namespace

@@ -1,16 +1,17 @@
 #include "platform/linux/riff_file.hpp"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
+#include "tests/linux/open_descriptors.hpp"
+#include "tests/support/temporary_folder.hpp"
 #include "tests/support/wave_builder.hpp"
 
 namespace quillspeech {
@@ -18,34 +19,20 @@ namespace {
 
 namespace fs = std::filesystem;
 using tests::Bytes;
+using tests::Descriptor_Of;
 using tests::Noise;
+using tests::Open_Descriptors;
 using tests::Wave;
-using File_Bytes = std::vector<std::uint8_t>;
+using FileBytes = std::vector<std::uint8_t>;
 
-struct RiffFileOnDisk : testing::Test {
+struct RiffFileOnDisk : testing::Test, tests::TemporaryFolder {
   linux::RiffFiles files;
-  fs::path folder;
-
-  void SetUp() override {
-    std::string name = (fs::temp_directory_path() / "quillspeech-XXXXXX").string();
-    ASSERT_NE(::mkdtemp(name.data()), nullptr);
-    folder = name;
-  }
-  void TearDown() override { fs::remove_all(folder); }
-
-  std::string Put(const std::string& name, const File_Bytes& bytes) const {
-    const std::string path = (folder / name).string();
-    std::ofstream(path, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()),
-               static_cast<std::streamsize>(bytes.size()));
-    return path;
-  }
 };
 
 TEST_F(RiffFileOnDisk, A_sound_is_walked_and_read) {
   const auto sound = Noise(tests::Amplitude(100), Bytes(100'001));
   const auto file =
-      files.Open(Put("a.wav", Wave().Chunk("LIST", File_Bytes(5001, 'x')).Data(sound)));
+      files.Open(Put("a.wav", Wave().Chunk("LIST", FileBytes(5001, 'x')).Data(sound)));
   ASSERT_NE(file, nullptr);
   const auto riff = file->Descend_To_Form(Four_Characters("WAVE"));
   ASSERT_TRUE(riff);
@@ -55,25 +42,24 @@ TEST_F(RiffFileOnDisk, A_sound_is_walked_and_read) {
   const auto data = file->Descend_To_Chunk(Four_Characters("data"), *riff);
   ASSERT_TRUE(data);
   ASSERT_EQ(data->size, 100'001u);
-  File_Bytes bytes(data->size + 100);
+  FileBytes bytes(data->size + 100);
   EXPECT_EQ(file->Read(bytes.data(), std::ssize(bytes)), 100'002);  // with the pad byte
   EXPECT_TRUE(std::equal(sound.begin(), sound.end(), bytes.begin()));
 }
 
 TEST_F(RiffFileOnDisk, A_read_at_the_end_gives_what_there_is) {
   const auto file = files.Open(Put("a.wav", {1, 2, 3}));
-  File_Bytes bytes(5);
+  FileBytes bytes(5);
   EXPECT_EQ(file->Read(bytes.data(), 5), 3);
   EXPECT_EQ(file->Read(bytes.data(), 5), 0);
 }
 
 TEST_F(RiffFileOnDisk, Only_regular_files_open) {
-  const std::string pipe = (folder / "pipe").string();
+  const std::string pipe = Path("pipe");
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
   const std::string file = Put("a.wav", {1});
-  for (const std::string& path :
-       {std::string(), (folder / "none.wav").string(), folder.string(), pipe,
-        std::string("/dev/zero"), file + std::string("\0.wav", 5)}) {
+  for (const std::string& path : {std::string(), Path("none.wav"), Folder().string(), pipe,
+                                  std::string("/dev/zero"), file + std::string("\0.wav", 5)}) {
     SCOPED_TRACE(path);
     EXPECT_EQ(files.Open(path), nullptr);
   }
@@ -81,21 +67,25 @@ TEST_F(RiffFileOnDisk, Only_regular_files_open) {
 }
 
 TEST_F(RiffFileOnDisk, Opening_creates_nothing) {
-  files.Open((folder / "none.wav").string());
-  EXPECT_TRUE(fs::is_empty(folder));
+  files.Open(Path("none.wav"));
+  EXPECT_TRUE(fs::is_empty(Folder()));
 }
 
 TEST_F(RiffFileOnDisk, No_descriptor_is_left_open) {
-  const auto open_descriptors = [] {
-    const fs::directory_iterator all("/proc/self/fd");
-    return std::distance(begin(all), end(all));
-  };
   const std::string path = Put("a.wav", {1});
-  const auto before = open_descriptors();
+  const int before = Open_Descriptors();
   files.Open(path);
-  files.Open(folder.string());
-  files.Open((folder / "none.wav").string());
-  EXPECT_EQ(open_descriptors(), before);
+  files.Open(Folder().string());
+  files.Open(Path("none.wav"));
+  EXPECT_EQ(Open_Descriptors(), before);
+}
+
+TEST_F(RiffFileOnDisk, A_child_process_inherits_no_open_file) {
+  const std::string path = Put("a.wav", {1});
+  const auto file = files.Open(path);
+  const int descriptor = Descriptor_Of(path);
+  ASSERT_GE(descriptor, 0);
+  EXPECT_EQ(::fcntl(descriptor, F_GETFD), FD_CLOEXEC);
 }
 
 TEST_F(RiffFileOnDisk, A_file_that_lies_beyond_four_gigabytes_makes_no_loop) {

@@ -2,21 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "tests/support/failures.hpp"
 
 namespace quillspeech {
 namespace {
 
-using File_Bytes = std::vector<std::uint8_t>;
-
-int Failure_Number(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (const RunTimeFailure& failure) {
-    return failure.Number();
-  }
-  return 0;
-}
+using tests::Failure_Of;
+using FileBytes = std::vector<std::uint8_t>;
 
 TEST(DataFileInMemory, A_new_name_is_created_empty) {
   headless::DataFileStore store;
@@ -25,19 +21,20 @@ TEST(DataFileInMemory, A_new_name_is_created_empty) {
   EXPECT_TRUE(store.files.contains("new.say"));
 }
 
-TEST(DataFileInMemory, An_existing_file_keeps_its_bytes) {
+TEST(DataFileInMemory, Opening_an_existing_file_changes_nothing_in_it) {
   headless::DataFileStore store;
   store.files["a.say"] = {1, 2, 3};
   EXPECT_EQ(store.Open("a.say")->Length(), 3);
+  EXPECT_EQ(store.files["a.say"], (FileBytes{1, 2, 3}));
 }
 
 TEST(DataFileInMemory, Reads_end_where_the_file_ends) {
   headless::DataFileStore store;
   store.files["a.say"] = {1, 2, 3};
   const auto file = store.Open("a.say");
-  File_Bytes bytes(4);
+  FileBytes bytes(4);
   EXPECT_EQ(file->Read(1, bytes), 2);
-  EXPECT_EQ(bytes, (File_Bytes{2, 3, 0, 0}));
+  EXPECT_EQ(bytes, (FileBytes{2, 3, 0, 0}));
   EXPECT_EQ(file->Read(3, bytes), 0);
   EXPECT_EQ(file->Read(std::int64_t{1} << 44, bytes), 0);
 }
@@ -45,16 +42,16 @@ TEST(DataFileInMemory, Reads_end_where_the_file_ends) {
 TEST(DataFileInMemory, Writes_grow_the_file_with_zeros_in_the_gap) {
   headless::DataFileStore store;
   store.files["a.say"] = {1};
-  store.Open("a.say")->Write(3, File_Bytes{4, 5});
-  EXPECT_EQ(store.files["a.say"], (File_Bytes{1, 0, 0, 4, 5}));
+  store.Open("a.say")->Write(3, FileBytes{4, 5});
+  EXPECT_EQ(store.files["a.say"], (FileBytes{1, 0, 0, 4, 5}));
 }
 
 TEST(DataFileInMemory, Two_users_of_a_file_see_the_same_bytes) {
   headless::DataFileStore store;
   const auto one = store.Open("a.say");
   const auto other = store.Open("a.say");
-  one->Write(0, File_Bytes{7});
-  File_Bytes bytes(1);
+  one->Write(0, FileBytes{7});
+  FileBytes bytes(1);
   EXPECT_EQ(other->Read(0, bytes), 1);
   EXPECT_EQ(bytes[0], 7);
 }
@@ -63,10 +60,10 @@ TEST(DataFileInMemory, Opening_fails_as_told) {
   headless::DataFileStore store;
   store.refused["gone/a.say"] = Failure::Path_Not_Found;
   store.read_only.insert("mine.say");
-  EXPECT_EQ(Failure_Number([&] { store.Open("gone/a.say"); }), 76);
-  EXPECT_EQ(Failure_Number([&] { store.Open("mine.say"); }), 75);
-  EXPECT_EQ(Failure_Number([&] { store.Open(""); }), 52);
-  EXPECT_EQ(Failure_Number([&] { store.Open(std::string("a\0b", 3)); }), 52);
+  EXPECT_EQ(Failure_Of([&] { store.Open("gone/a.say"); }), 76);
+  EXPECT_EQ(Failure_Of([&] { store.Open("mine.say"); }), 75);
+  EXPECT_EQ(Failure_Of([&] { store.Open(""); }), 52);
+  EXPECT_EQ(Failure_Of([&] { store.Open(std::string("a\0b", 3)); }), 52);
   EXPECT_TRUE(store.files.empty());
   EXPECT_EQ(store.opens, 0);
 }
@@ -75,10 +72,10 @@ TEST(DataFileInMemory, The_chosen_write_fails_and_the_others_go_through) {
   headless::DataFileStore store;
   store.write_faults[2] = {Failure::Disk_Full, 0};
   const auto file = store.Open("a.say");
-  file->Write(0, File_Bytes{1, 1});
-  EXPECT_EQ(Failure_Number([&] { file->Write(2, File_Bytes{2, 2}); }), 61);
-  file->Write(2, File_Bytes{3, 3});
-  EXPECT_EQ(store.files["a.say"], (File_Bytes{1, 1, 3, 3}));
+  file->Write(0, FileBytes{1, 1});
+  EXPECT_EQ(Failure_Of([&] { file->Write(2, FileBytes{2, 2}); }), 61);
+  file->Write(2, FileBytes{3, 3});
+  EXPECT_EQ(store.files["a.say"], (FileBytes{1, 1, 3, 3}));
 }
 
 TEST(DataFileInMemory, A_torn_write_changes_the_start_of_its_span_and_no_length) {
@@ -88,29 +85,29 @@ TEST(DataFileInMemory, A_torn_write_changes_the_start_of_its_span_and_no_length)
   store.write_faults[2] = {Failure::Device_Failure, 3};
   store.write_faults[3] = {Failure::Device_Failure, 3};
   const auto file = store.Open("a.say");
-  EXPECT_EQ(Failure_Number([&] { file->Write(1, File_Bytes{9, 9}); }), 57);
-  EXPECT_EQ(store.files["a.say"], (File_Bytes{1, 9, 1, 1}));
-  EXPECT_EQ(Failure_Number([&] { file->Write(2, File_Bytes{8, 8, 8, 8}); }), 57);
-  EXPECT_EQ(store.files["a.say"], (File_Bytes{1, 9, 8, 8}));
-  EXPECT_EQ(Failure_Number([&] { file->Write(9, File_Bytes{7, 7, 7}); }), 57);
-  EXPECT_EQ(store.files["a.say"], (File_Bytes{1, 9, 8, 8}));
+  EXPECT_EQ(Failure_Of([&] { file->Write(1, FileBytes{9, 9}); }), 57);
+  EXPECT_EQ(store.files["a.say"], (FileBytes{1, 9, 1, 1}));
+  EXPECT_EQ(Failure_Of([&] { file->Write(2, FileBytes{8, 8, 8, 8}); }), 57);
+  EXPECT_EQ(store.files["a.say"], (FileBytes{1, 9, 8, 8}));
+  EXPECT_EQ(Failure_Of([&] { file->Write(9, FileBytes{7, 7, 7}); }), 57);
+  EXPECT_EQ(store.files["a.say"], (FileBytes{1, 9, 8, 8}));
 }
 
 TEST(DataFileInMemory, A_file_that_vanished_fails_as_a_device) {
   headless::DataFileStore store;
   const auto file = store.Open("a.say");
   store.files.erase("a.say");
-  File_Bytes bytes(1);
-  EXPECT_EQ(Failure_Number([&] { file->Length(); }), 57);
-  EXPECT_EQ(Failure_Number([&] { file->Read(0, bytes); }), 57);
-  EXPECT_EQ(Failure_Number([&] { file->Write(0, bytes); }), 57);
+  FileBytes bytes(1);
+  EXPECT_EQ(Failure_Of([&] { file->Length(); }), 57);
+  EXPECT_EQ(Failure_Of([&] { file->Read(0, bytes); }), 57);
+  EXPECT_EQ(Failure_Of([&] { file->Write(0, bytes); }), 57);
   EXPECT_TRUE(store.files.empty());
 }
 
 TEST(DataFileInMemory, A_place_beyond_any_disk_is_a_full_one) {
   headless::DataFileStore store;
   const auto file = store.Open("a.say");
-  EXPECT_EQ(Failure_Number([&] { file->Write(std::int64_t{1} << 44, File_Bytes{1}); }), 61);
+  EXPECT_EQ(Failure_Of([&] { file->Write(std::int64_t{1} << 44, FileBytes{1}); }), 61);
   EXPECT_EQ(file->Length(), 0);
 }
 

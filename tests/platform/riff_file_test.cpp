@@ -4,8 +4,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/headless/riff_file.hpp"
@@ -16,7 +19,7 @@ namespace quillspeech {
 namespace {
 
 using tests::Wave;
-using File_Bytes = std::vector<std::uint8_t>;
+using FileBytes = std::vector<std::uint8_t>;
 
 constexpr std::uint32_t Wave_Form = Four_Characters("WAVE");
 constexpr std::uint32_t Data = Four_Characters("data");
@@ -25,15 +28,15 @@ constexpr std::uint32_t Format = Four_Characters("fmt ");
 struct RiffFileTest : testing::Test {
   headless::RiffFiles files;
 
-  std::unique_ptr<RiffFile> Open(const File_Bytes& content) {
+  std::unique_ptr<RiffFile> Open(const FileBytes& content) {
     files.files["a.wav"] = content;
     return files.Open("a.wav");
   }
 };
 
-File_Bytes Text(const std::string& text) { return File_Bytes(text.begin(), text.end()); }
+FileBytes Text(const std::string& text) { return FileBytes(text.begin(), text.end()); }
 
-File_Bytes Joined(File_Bytes first, const File_Bytes& second) {
+FileBytes Joined(FileBytes first, const FileBytes& second) {
   first.insert(first.end(), second.begin(), second.end());
   return first;
 }
@@ -116,7 +119,7 @@ TEST_F(RiffFileTest, A_form_of_another_type_is_skipped) {
 }
 
 TEST_F(RiffFileTest, Chunks_in_front_of_the_form_are_skipped) {
-  File_Bytes other = Text("junk");
+  FileBytes other = Text("junk");
   other.insert(other.end(), {3, 0, 0, 0, 'a', 'b', 'c', 0});
   const auto file = Open(Joined(other, Wave().Data(Text("abcd"))));
   const auto riff = file->Descend_To_Form(Wave_Form);
@@ -128,7 +131,7 @@ TEST_F(RiffFileTest, A_file_without_the_form_has_none) {
   EXPECT_FALSE(Open({})->Descend_To_Form(Wave_Form));
   EXPECT_FALSE(Open(Text("This is a letter and no sound at all."))->Descend_To_Form(Wave_Form));
   EXPECT_FALSE(Open(Wave().Form("AVI ").Data({}))->Descend_To_Form(Wave_Form));
-  EXPECT_FALSE(Open(File_Bytes(100'000, 0))->Descend_To_Form(Wave_Form));
+  EXPECT_FALSE(Open(FileBytes(100'000, 0))->Descend_To_Form(Wave_Form));
 }
 
 TEST_F(RiffFileTest, A_header_that_is_cut_off_is_none) {
@@ -255,7 +258,7 @@ TEST_F(RiffFileTest, Open_files_are_counted_until_they_close) {
 // A source of many gigabytes: zeros, with a few short pieces at their places.
 class Vast final : public ByteSource {
  public:
-  explicit Vast(std::map<std::int64_t, File_Bytes> pieces) : pieces_(std::move(pieces)) {}
+  explicit Vast(std::map<std::int64_t, FileBytes> pieces) : pieces_(std::move(pieces)) {}
 
   std::int64_t Read_At(std::int64_t offset, std::uint8_t* bytes, std::int64_t count) override {
     std::fill_n(bytes, count, std::uint8_t{0});
@@ -269,12 +272,12 @@ class Vast final : public ByteSource {
   }
 
  private:
-  std::map<std::int64_t, File_Bytes> pieces_;
+  std::map<std::int64_t, FileBytes> pieces_;
 };
 
 TEST(RiffWalk, A_chunk_just_below_four_gigabytes_is_found) {
   // The "data" header begins at 0xFFFFFFF0, so its data is at 0xFFFFFFF8.
-  RiffWalk walk(std::make_unique<Vast>(std::map<std::int64_t, File_Bytes>{
+  RiffWalk walk(std::make_unique<Vast>(std::map<std::int64_t, FileBytes>{
       {0, Wave().Without_Format().Chunk("junk", {}).Claiming(0xFFFFFFDC).Riff_Claiming(0xFFFFFFFF)},
       {0xFFFFFFF0, Joined(Text("data"), {2, 0, 0, 0, 'h', 'i'})}}));
   const auto riff = walk.Descend_To_Form(Wave_Form);
@@ -288,7 +291,7 @@ TEST(RiffWalk, A_chunk_just_below_four_gigabytes_is_found) {
 
 TEST(RiffWalk, A_chunk_beyond_four_gigabytes_is_none_and_does_not_wrap) {
   // The "junk" chunk ends at 2^32, where zeros follow; wrapped, that would be the start again.
-  RiffWalk walk(std::make_unique<Vast>(std::map<std::int64_t, File_Bytes>{
+  RiffWalk walk(std::make_unique<Vast>(std::map<std::int64_t, FileBytes>{
       {0, Wave().Without_Format().Chunk("junk", {}).Claiming(0xFFFFFFEC).Riff_Claiming(0xFFFFFFFF)},
       {std::int64_t{1} << 32, Joined(Text("data"), {2, 0, 0, 0, 'h', 'i'})}}));
   const auto riff = walk.Descend_To_Form(Wave_Form);
@@ -310,6 +313,27 @@ TEST(RiffWalk, A_source_that_cannot_be_read_has_no_chunks) {
   EXPECT_FALSE(walk.Descend_To_Form(Wave_Form));
   EXPECT_FALSE(walk.Descend_To_Chunk(Data, RiffChunk{0, 100, 0, 0, 0}));
   EXPECT_EQ(walk.Read(&byte, 1), -1);
+}
+
+// A source of the letters "abcdef" whose second read fails.
+class Moody final : public ByteSource {
+ public:
+  std::int64_t Read_At(std::int64_t offset, std::uint8_t* bytes, std::int64_t count) override {
+    if (++reads_ == 2) return -1;
+    for (std::int64_t i = 0; i < count; ++i) bytes[i] = static_cast<std::uint8_t>('a' + offset + i);
+    return count;
+  }
+
+ private:
+  int reads_ = 0;
+};
+
+TEST(RiffWalk, A_read_that_fails_does_not_move_the_position) {
+  RiffWalk walk(std::make_unique<Moody>());
+  EXPECT_EQ(Next_Bytes(walk, 2), "ab");
+  std::uint8_t byte = 0;
+  EXPECT_EQ(walk.Read(&byte, 1), -1);
+  EXPECT_EQ(Next_Bytes(walk, 2), "cd");
 }
 
 }  // namespace

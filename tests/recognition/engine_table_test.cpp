@@ -156,6 +156,18 @@ TEST_F(EngineTable, What_a_short_file_lacks_is_blank) {
   EXPECT_EQ(Entry(99), Padded(""));
 }
 
+TEST_F(EngineTable,
+       A_language_file_with_the_extension_of_an_engine_file_is_read_without_complaint) {
+  tests::Record record;
+  record.Fields().FileCopyright("Somebody");
+  test.data_files.files["a.EGN"] = tests::Language_File({record});
+  Load("a.EGN");
+  EXPECT_EQ(Entry(0), Padded("Somebody"));
+  EXPECT_EQ(session.data.Main_Record_Count, 4);  // 8476 bytes are 4.19 engine records
+  EXPECT_TRUE(test.boxes.shown.empty());
+  EXPECT_EQ(recoveries, 0);
+}
+
 TEST_F(EngineTable, A_new_file_is_created_empty_and_gives_blank_groups) {
   Load_Default_Engine_Table(session);
   Load("new.EGN");

@@ -8,13 +8,13 @@ namespace quillspeech::tests {
 
 namespace {
 
-using File_Bytes = std::vector<std::uint8_t>;
+using FileBytes = std::vector<std::uint8_t>;
 
-void Append(File_Bytes& file, std::uint32_t value, int width) {
+void Append(FileBytes& file, std::uint32_t value, int width) {
   for (int i = 0; i < width; ++i) file.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
 }
 
-void Append(File_Bytes& file, const std::string& text) {
+void Append(FileBytes& file, const std::string& text) {
   file.insert(file.end(), text.begin(), text.end());
 }
 
@@ -65,7 +65,7 @@ WaveFormat Pcm(int channels, int bits, std::uint32_t rate) {
 }
 
 std::vector<std::uint8_t> Format_Bytes(const WaveFormat& format) {
-  File_Bytes bytes;
+  FileBytes bytes;
   Append(bytes, format.format_tag, 2);
   Append(bytes, format.channels, 2);
   Append(bytes, format.samples_per_second, 4);
@@ -114,14 +114,14 @@ Wave& Wave::Cut_To(std::int64_t bytes) {
 std::vector<std::uint8_t> Wave::File() const {
   std::vector<Piece> pieces = pieces_;
   if (!format_named_) pieces.insert(pieces.begin(), {"fmt ", Format_Bytes(Pcm()), 16});
-  File_Bytes body;
+  FileBytes body;
   for (const Piece& piece : pieces) {
     Append(body, piece.identifier);
     Append(body, piece.size, 4);
     body.insert(body.end(), piece.bytes.begin(), piece.bytes.end());
     if (piece.bytes.size() % 2 == 1) body.push_back(0);
   }
-  File_Bytes file;
+  FileBytes file;
   Append(file, "RIFF");
   const auto size = static_cast<std::uint32_t>(form_.size() + body.size());
   Append(file, riff_size_claimed_ ? riff_size_ : size, 4);

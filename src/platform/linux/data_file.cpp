@@ -5,65 +5,18 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
+#include <cstdint>
+#include <span>
 #include <vector>
 
 #include "base/run_time_failure.hpp"
+#include "platform/linux/file_errors.hpp"
+#include "platform/linux/system_call.hpp"
 
 namespace quillspeech::linux {
 
 namespace {
-
-Failure Failure_To_Open(int error) {
-  switch (error) {
-    case ENAMETOOLONG:
-    case EINVAL:
-      return Failure::Bad_File_Name;
-    case ENOENT:
-    case ENOTDIR:
-      return Failure::Path_Not_Found;
-    case EPERM:
-    case EROFS:
-    case ETXTBSY:
-      return Failure::Permission_Denied;
-    case ENOSPC:
-    case EDQUOT:
-      return Failure::Disk_Full;
-    case ENOMEM:
-      return Failure::Out_Of_Memory;
-    case EIO:
-    case ENXIO:
-    case ENODEV:
-      return Failure::Device_Failure;
-    default:  // EACCES and EISDIR among them
-      return Failure::Path_Access;
-  }
-}
-
-Failure Failure_To_Transfer(int error) {
-  switch (error) {
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-      return Failure::Disk_Full;
-    case EPERM:
-    case EACCES:
-      return Failure::Permission_Denied;
-    case EISDIR:
-      return Failure::Path_Access;
-    default:
-      return Failure::Device_Failure;
-  }
-}
-
-// Repeats a system call that a signal interrupted.
-template <class Call>
-auto Uninterrupted(Call call) {
-  auto result = call();
-  while (result < 0 && errno == EINTR) result = call();
-  return result;
-}
 
 class Descriptor {
  public:
@@ -90,17 +43,15 @@ class Descriptor {
 class Lock {
  public:
   Lock(const Descriptor& file, int kind) : file_(file) {
-    held_ = Uninterrupted([&] { return ::flock(file_.Number(), kind); }) == 0;
+    const int refused = Uninterrupted([&] { return ::flock(file_.Number(), kind); });
+    if (refused && !Is_Without_Locks(errno)) Fail(Failure::Device_Failure);
   }
-  ~Lock() {
-    if (held_) ::flock(file_.Number(), LOCK_UN);
-  }
+  ~Lock() { ::flock(file_.Number(), LOCK_UN); }
   Lock(const Lock&) = delete;
   Lock& operator=(const Lock&) = delete;
 
  private:
   const Descriptor& file_;
-  bool held_ = false;
 };
 
 class File final : public DataFile {
@@ -127,8 +78,9 @@ class File final : public DataFile {
     old.resize(static_cast<std::size_t>(Read_Whole(offset, old)));
     const int error = Write_Whole(offset, bytes);
     if (error == 0) return;
-    if (Status().st_size > length) Truncate(length);
+    // What fails from here on is not told: the first error is the one that counts.
     Write_Whole(offset, old);
+    if (offset + std::ssize(bytes) > length) Cut_To(length);
     Fail(Failure_To_Transfer(error));
   }
 
@@ -166,10 +118,8 @@ class File final : public DataFile {
     return 0;
   }
 
-  void Truncate(std::int64_t length) const {
-    if (Uninterrupted([&] { return ::ftruncate(descriptor_.Number(), length); }) != 0) {
-      Fail(Failure_To_Transfer(errno));
-    }
+  bool Cut_To(std::int64_t length) const {
+    return Uninterrupted([&] { return ::ftruncate(descriptor_.Number(), length); }) == 0;
   }
 
   Descriptor descriptor_;

@@ -8,10 +8,11 @@
 
 namespace quillspeech::linux {
 
-// Names are paths, byte for byte. Each open file is locked as a whole while it is read or written,
-// so that users of the same file, in this process or another, never see a record in part. A write
-// that fails puts back what the file had, as far as the device lets it. On a file system without
-// locks the files are used without them.
+// Names are paths, byte for byte. Each open file is locked as a whole while it is measured, read or
+// written, so that users of the same file, in this process or another, never see a record in part.
+// On a file system without locks the files are used without them; a lock that is refused for any
+// other reason is failure 57. A write that fails puts back what the file had, as far as the device
+// lets it, and fails with the error that came first.
 class DataFileStore final : public quillspeech::DataFileStore {
  public:
   std::unique_ptr<DataFile> Open(const std::string& name) override;

@@ -4,8 +4,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
 
+#include "platform/linux/system_call.hpp"
 #include "platform/riff_walk.hpp"
 
 namespace quillspeech::linux {
@@ -16,7 +19,8 @@ class Disk final : public ByteSource {
  public:
   // Without O_NONBLOCK a pipe would hold us here until somebody writes into it.
   explicit Disk(const std::string& path)
-      : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK)) {}
+      : descriptor_(Uninterrupted(
+            [&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK); })) {}
   ~Disk() override {
     if (descriptor_ >= 0) ::close(descriptor_);
   }
@@ -33,8 +37,8 @@ class Disk final : public ByteSource {
     std::int64_t done = 0;
     while (done < count) {
       const auto wanted = static_cast<std::size_t>(count - done);
-      const auto got = ::pread(descriptor_, bytes + done, wanted, offset + done);
-      if (got < 0 && errno == EINTR) continue;
+      const auto got =
+          Uninterrupted([&] { return ::pread(descriptor_, bytes + done, wanted, offset + done); });
       if (got < 0) return -1;
       if (got == 0) break;
       done += got;
