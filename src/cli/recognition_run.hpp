@@ -40,8 +40,4 @@ class RecognitionRun {
   std::optional<AudioGraph> graph_;
 };
 
-// Surrounds the sound in the store with silence to `milliseconds` of its own byte rate: halves of
-// whole blocks, the odd block behind. A sound that is as long already stays.
-void Pad_With_Silence(Sample& sample, int milliseconds);
-
 }  // namespace quillspeech::cli

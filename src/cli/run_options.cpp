@@ -11,6 +11,7 @@
 #include "base/text.hpp"
 #include "cli/session_on_files.hpp"
 #include "core/settings_table.hpp"
+#include "recognition/engine_table.hpp"
 
 namespace quillspeech::cli {
 
@@ -158,7 +159,9 @@ bool Check_Options(const RunOptions& options, std::ostream& err) {
   if (settings.Enable_Artificial_Intelligence == "YES") {
     Note_Missing_File(settings.Consider_this_Lang_File_to_match, "language", err);
   }
-  Note_Missing_File(settings.Consider_this_Engine_for_Recognition, "engine", err);
+  if (Is_Engine_File_Name(settings.Consider_this_Engine_for_Recognition)) {
+    Note_Missing_File(settings.Consider_this_Engine_for_Recognition, "engine", err);
+  }
   return true;
 }
 

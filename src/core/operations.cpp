@@ -3,6 +3,7 @@
 #include "analysis/file_analysis.hpp"
 #include "analysis/recovery.hpp"
 #include "audio/wave_reader.hpp"
+#include "recognition/engine_table.hpp"
 #include "session/failure_trap.hpp"
 
 namespace quillspeech {
@@ -37,6 +38,7 @@ void Process_Wave_File(Session& session) {
 
 void Connect_Operations(Session& session) {
   session.operations.Stop_And_Recover = Stop_And_Recover;
+  Load_Default_Engine_Table(session);
 }
 
 void Open_Specified_Wave_File_And_Process(Session& session) {

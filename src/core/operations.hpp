@@ -5,7 +5,8 @@
 
 namespace quillspeech {
 
-// Fills in the operations that the floors of the recogniser own.
+// Makes a new session ready: fills in the operations that the floors of the recogniser own, and the
+// engine table with the built-in groups, which stand until an engine is loaded.
 void Connect_Operations(Session& session);
 
 // Reads the file named by Open_this_Wave_File and runs the file analysis over it, unless one of the

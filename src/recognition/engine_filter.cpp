@@ -1,5 +1,6 @@
 #include "recognition/engine_filter.hpp"
 
+#include <cstdint>
 #include <string>
 
 #include "base/text.hpp"

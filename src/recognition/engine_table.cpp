@@ -1,6 +1,7 @@
 #include "recognition/engine_table.hpp"
 
 #include <array>
+#include <string>
 #include <string_view>
 
 #include "recognition/like_match.hpp"
@@ -29,17 +30,13 @@ constexpr std::array<LetterGroup, 11> Built_In_Groups = {{{0, 0, "_"},
                                                           {50, 69, "s"},
                                                           {70, 70, "sx"}}};
 
-bool Is_Engine_File_Name(std::string_view name) {
-  return Like_Match(name, "*.EGN") || Like_Match(name, "*.egn");
+void Refuse_Name(Session& session) {
+  Show_Box(session, "Please see if you have provided correctly the location of the engine file",
+           "Quillspeech CRITICAL USER ERROR");
+  session.operations.Stop_And_Recover(session);
 }
 
 void Load_Engine_File(Session& session) {
-  if (!Is_Engine_File_Name(session.settings.Consider_this_Engine_for_Recognition)) {
-    Show_Box(session, "Please see if you have provided correctly the location of the engine file",
-             "Quillspeech CRITICAL USER ERROR");
-    session.operations.Stop_And_Recover(session);
-    return;
-  }
   Open_Records(session.data, session.data.EgnRecord, session.ports.data_files,
                session.settings.Consider_this_Engine_for_Recognition);
   // The last slot stays out: a category of 100 keeps what the table held before.
@@ -59,12 +56,19 @@ void Load_Default_Engine_Table(Session& session) {
   }
 }
 
+bool Is_Engine_File_Name(std::string_view name) {
+  return Like_Match(name, "*.EGN") || Like_Match(name, "*.egn");
+}
+
 void Load_Engine(Session& session) {
-  if (session.settings.Consider_this_Engine_for_Recognition.empty()) {
+  const std::string& name = session.settings.Consider_this_Engine_for_Recognition;
+  if (name.empty()) {
     Load_Default_Engine_Table(session);
-    return;
+  } else if (!Is_Engine_File_Name(name)) {
+    Refuse_Name(session);
+  } else {
+    Run_Trapped(session, [&] { Load_Engine_File(session); });
   }
-  Run_Trapped(session, [&] { Load_Engine_File(session); });
 }
 
 }  // namespace quillspeech

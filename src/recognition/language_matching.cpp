@@ -1,5 +1,6 @@
 #include "recognition/language_matching.hpp"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -20,16 +21,17 @@ constexpr int Table_Limit = 1000;  // words of a run
 constexpr int Bonus_Score = 20;    // for a slot that is as heavy as a record asks
 constexpr int Floor_Score = 5;     // for every match
 
-// Moves a field's text to its left end and gives the text. Most fields have it there.
-std::string_view Align_Protocol(SayRecord& record, std::int64_t j) {
-  const std::string_view field = record.LikeProtocols(j);
-  if (field.front() == ' ') record.LikeProtocols(j, Trim(field));
-  return Trim(field);
-}
+struct TextArray {
+  std::string_view (SayRecord::*read)(std::int64_t) const;
+  void (SayRecord::*write)(std::int64_t, std::string_view);
+};
+constexpr TextArray Protocols{&SayRecord::LikeProtocols, &SayRecord::LikeProtocols};
+constexpr TextArray Codes{&SayRecord::EngineCodes, &SayRecord::EngineCodes};
 
-std::string_view Align_Code(SayRecord& record, std::int64_t k) {
-  const std::string_view field = record.EngineCodes(k);
-  if (field.front() == ' ') record.EngineCodes(k, Trim(field));
+// Moves an element's text to the left end of its field and gives the text. Most have it there.
+std::string_view Align(SayRecord& record, const TextArray& array, std::int64_t index) {
+  const std::string_view field = (record.*array.read)(index);
+  if (field.front() == ' ') (record.*array.write)(index, Trim(field));
   return Trim(field);
 }
 
@@ -38,7 +40,7 @@ int Differentiator_Bonus(SayRecord& record, const Filter& filter) {
   int bonus = 0;
   for (int k = 1; k <= record.DifferentiatorCount(); ++k) {
     const int slot = record.SlotNumbers(k);
-    if (Align_Code(record, k) != filter.Filter_Slot_Table[slot]) continue;
+    if (Align(record, Codes, k) != filter.Filter_Slot_Table[slot]) continue;
     const bool heavy = filter.Filter_Weight_Table[slot] >= record.EngineCodeWeights(k);
     bonus = heavy ? Bonus_Score : 0;
   }
@@ -70,7 +72,7 @@ bool Scan_Record(Session& session, LikeText& text) {
   SayRecord& record = session.data.SayRecord;
   bool found = false;
   for (int j = 1; j <= record.LikeCount(); ++j) {
-    if (!text.Fits(Align_Protocol(record, j))) continue;
+    if (!text.Fits(Align(record, Protocols, j))) continue;
     const std::int64_t bonus = Differentiator_Bonus(record, session.filter);
     found = found || record.WordCount() > 0;
     if (!Enter_Words(session, bonus + Floor_Score + Rounded_Quotient(record.LikeRatings(j), 2))) {
@@ -83,14 +85,20 @@ bool Scan_Record(Session& session, LikeText& text) {
   return found;
 }
 
-// Gives whether a word was found. More records than 16 bits count are failure 6.
+// Gives whether a word was found. More records than 16 bits count are failure 6. The last record is
+// written back after the scan: it is read as it stands now and not ahead, so that what others wrote
+// into it meanwhile stays.
 bool Scan_Language_File(Session& session, LikeText& text) {
   OpenDataFile& data = session.data;
   const Checked16 last = data.Main_Record_Count.Raw();
   RecordScan scan(data.Main_File_Number);
   bool found = false;
   for (std::int64_t number = 1; number <= last; ++number) {
-    scan.Read_Next(data.SayRecord.Bytes(), SayRecord::Missing_Byte);
+    if (number < last) {
+      scan.Read_Next(data.SayRecord.Bytes(), SayRecord::Missing_Byte);
+    } else {
+      data.Main_File_Number.Read(number, data.SayRecord.Bytes(), SayRecord::Missing_Byte);
+    }
     if (Scan_Record(session, text)) found = true;
   }
   return found;

@@ -9,14 +9,16 @@ namespace {
 
 unsigned char Byte(char character) { return static_cast<unsigned char>(character); }
 
-// Takes the first entry off a list's content: a character, or a range of them.
 struct Span {
   unsigned char first;
   unsigned char last;
 };
+
+// Takes the first entry off a list's content: a character, or a range of them. A hyphen that comes
+// first is alone, whatever stands before and behind it.
 Span Take_Span(std::string_view& content) {
   const unsigned char first = Byte(content[0]);
-  const bool is_range = content.size() > 2 && content[1] == '-';
+  const bool is_range = content.size() > 2 && content[0] != '-' && content[1] == '-';
   const unsigned char last = is_range ? Byte(content[2]) : first;
   content.remove_prefix(is_range ? 3 : 1);
   return {first, last};
@@ -29,7 +31,7 @@ bool Take_Negation(std::string_view& content) {
   return is_negated;
 }
 
-// What stands between the bracket that begins the text and the one that closes it.
+// What stands between the bracket that the pattern begins with and the one that closes it.
 std::string_view List_Content(std::string_view pattern) {
   return pattern.substr(1, pattern.find(']') - 1);
 }
@@ -50,21 +52,23 @@ void Check_Lists(std::string_view pattern) {
   }
 }
 
-// The rows that are not of one byte.
+// The rows of which there is one each, and behind them those of the text's own bytes. No_Place stays
+// empty: it is the row of every byte that the text lacks.
 enum : std::uint16_t { No_Place, Every_Place, Digits, Places_Of_A_List, Reached, First_Byte_Row };
 
-using Word = std::uint64_t;
+using Block = std::uint64_t;
 
-bool Has_Place(const Word* row, std::size_t place) {
+bool Has_Place(const Block* row, std::size_t place) {
   return (row[place / 64] >> (place % 64) & 1) != 0;
 }
 
-// Goes on by one character wherever one of the row stands; false when none does.
-bool Step(Word* reached, const Word* row, std::size_t words) {
-  Word carry = 0;
-  Word any = 0;
-  for (std::size_t i = 0; i < words; ++i) {
-    const Word fitting = reached[i] & row[i];
+// Goes on by one character from each place reached that the row has too; false when there is none.
+// A row has places of characters only, so the place behind is always within the blocks.
+bool Step(Block* reached, const Block* row, std::size_t blocks) {
+  Block carry = 0;
+  Block any = 0;
+  for (std::size_t i = 0; i < blocks; ++i) {
+    const Block fitting = reached[i] & row[i];
     reached[i] = fitting << 1 | carry;
     carry = fitting >> 63;
     any |= fitting;
@@ -72,20 +76,21 @@ bool Step(Word* reached, const Word* row, std::size_t words) {
   return any != 0;
 }
 
-// A star: from the first place reached, every later one is reached too. There is one.
-void Reach_All_Behind(Word* reached, std::size_t words) {
+// A star: whatever lies behind the first place reached is reached too. Some place always is: a test
+// ends at the first step without one.
+void Reach_All_Behind(Block* reached, std::size_t blocks) {
   std::size_t i = 0;
   while (reached[i] == 0) ++i;
   reached[i] |= 0 - reached[i];
-  while (++i < words) reached[i] = ~Word{0};
+  while (++i < blocks) reached[i] = ~Block{0};
 }
 
 }  // namespace
 
 LikeText::LikeText(std::string_view text)
-    : length_(text.size()), words_(text.size() / 64 + 1), rows_(First_Byte_Row * words_) {
+    : length_(text.size()), blocks_(text.size() / 64 + 1), rows_(First_Byte_Row * blocks_) {
   const auto mark = [&](std::size_t row, std::size_t place) {
-    Row(row)[place / 64] |= Word{1} << (place % 64);
+    Row(row)[place / 64] |= Block{1} << (place % 64);
   };
   std::uint16_t rows = First_Byte_Row;
   for (std::size_t place = 0; place < length_; ++place) {
@@ -93,7 +98,7 @@ LikeText::LikeText(std::string_view text)
     std::uint16_t& row = row_of_byte_[Byte(character)];
     if (row == No_Place) {
       row = rows++;
-      rows_.resize(rows * words_);
+      rows_.resize(rows * blocks_);
     }
     mark(row, place);
     mark(Every_Place, place);
@@ -107,27 +112,27 @@ std::size_t LikeText::Row_Of_Sign(char sign) const {
   return row_of_byte_[Byte(sign)];
 }
 
-const LikeText::Word* LikeText::Places_Of_List(std::string_view content) {
-  Word* const places = Row(Places_Of_A_List);
-  std::fill_n(places, words_, 0);
+const LikeText::Block* LikeText::Places_Of_List(std::string_view content) {
+  Block* const places = Row(Places_Of_A_List);
+  std::fill_n(places, blocks_, 0);
   const bool is_negated = Take_Negation(content);
   while (!content.empty()) {
     const Span span = Take_Span(content);
     for (std::size_t byte = span.first; byte <= span.last; ++byte) {
       if (row_of_byte_[byte] == No_Place) continue;
-      const Word* const row = Row(row_of_byte_[byte]);
-      for (std::size_t i = 0; i < words_; ++i) places[i] |= row[i];
+      const Block* const row = Row(row_of_byte_[byte]);
+      for (std::size_t i = 0; i < blocks_; ++i) places[i] |= row[i];
     }
   }
   if (is_negated) {
-    const Word* const every = Row(Every_Place);
-    for (std::size_t i = 0; i < words_; ++i) places[i] = every[i] & ~places[i];
+    const Block* const every = Row(Every_Place);
+    for (std::size_t i = 0; i < blocks_; ++i) places[i] ^= every[i];
   }
   return places;
 }
 
 // Whether the text's last character can be the one that the pattern ends in. Most patterns that do
-// not fit are told by an end of theirs.
+// not fit are told by it.
 bool LikeText::Ends_Alike(std::string_view pattern) const {
   const char sign = pattern.empty() ? '*' : pattern.back();
   if (sign == '*' || sign == ']') return true;  // not told so simply
@@ -137,19 +142,19 @@ bool LikeText::Ends_Alike(std::string_view pattern) const {
 bool LikeText::Fits(std::string_view pattern) {
   Check_Lists(pattern);
   if (!Ends_Alike(pattern)) return false;
-  Word* const reached = Row(Reached);
-  const std::size_t words = words_;
-  std::fill_n(reached, words, 0);
+  Block* const reached = Row(Reached);
+  const std::size_t blocks = blocks_;
+  std::fill_n(reached, blocks, 0);
   reached[0] = 1;
   for (std::size_t at = 0; at < pattern.size(); ++at) {
     const char sign = pattern[at];
     if (sign == '*') {
-      Reach_All_Behind(reached, words);
+      Reach_All_Behind(reached, blocks);
     } else if (sign == '[') {
       const auto content = List_Content(pattern.substr(at));
-      if (!content.empty() && !Step(reached, Places_Of_List(content), words)) return false;
+      if (!content.empty() && !Step(reached, Places_Of_List(content), blocks)) return false;
       at += content.size() + 1;
-    } else if (!Step(reached, Row(Row_Of_Sign(sign)), words)) {
+    } else if (!Step(reached, Row(Row_Of_Sign(sign)), blocks)) {
       return false;
     }
   }

@@ -13,9 +13,10 @@ namespace quillspeech {
 //   *        any run of characters, also an empty one
 //   ?        one character
 //   #        one digit
-//   [list]   one character of the list; [!list] one that is not in it. In a list a-z is a range,
-//            `-` is itself at either end and behind a range, `!` is itself but in front, and the
-//            other signs are themselves. [] is the empty text, [!] one "!".
+//   [list]   one character of the list; [!list] one that is not in it. In a list a-z is a range.
+//            A `-` at either end, behind the `!`, another such `-` or a range is itself and begins
+//            no range; `!` is itself but in front, and the other signs are themselves. [] is the
+//            empty text, [!] one "!".
 //   other    itself, a `]` outside a list too
 // A list without its `]` and a descending range are failure 93, whatever the text is.
 bool Like_Match(std::string_view text, std::string_view pattern);
@@ -32,18 +33,18 @@ class LikeText {
   bool Fits(std::string_view pattern);
 
  private:
-  using Word = std::uint64_t;  // 64 places
+  using Block = std::uint64_t;  // 64 places, the first in the lowest bit
 
-  Word* Row(std::size_t number) { return rows_.data() + number * words_; }
-  const Word* Row(std::size_t number) const { return rows_.data() + number * words_; }
+  Block* Row(std::size_t number) { return rows_.data() + number * blocks_; }
+  const Block* Row(std::size_t number) const { return rows_.data() + number * blocks_; }
   std::size_t Row_Of_Sign(char sign) const;
-  const Word* Places_Of_List(std::string_view content);
+  const Block* Places_Of_List(std::string_view content);
   bool Ends_Alike(std::string_view pattern) const;
 
   std::size_t length_;
-  std::size_t words_;  // in a row; a row has a place behind the last character too
+  std::size_t blocks_;  // in a row; a row has a place behind the last character too
   std::array<std::uint16_t, 256> row_of_byte_{};
-  std::vector<Word> rows_;
+  std::vector<Block> rows_;
 };
 
 }  // namespace quillspeech

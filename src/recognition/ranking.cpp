@@ -1,5 +1,7 @@
 #include "recognition/ranking.hpp"
 
+#include <cstdint>
+
 #include "base/text.hpp"
 #include "session/failure_trap.hpp"
 
@@ -26,15 +28,15 @@ void Choose_Place(Results& results, int place) {
   results.Platinum_Best_Table[place] = Trimmed(results.Platinum_Word_Table[best]);
 }
 
-}  // namespace
-
-void Rank_Platinum_Words(Results& results) {
+void Rank(Results& results) {
   for (int place = 1; place <= Places; ++place) results.Best_Word_Index[place] = 0;
   for (int place = 1; place <= Places; ++place) Choose_Place(results, place);
 }
 
+}  // namespace
+
 void Rank_Platinum_Words(Session& session) {
-  Run_Trapped(session, [&] { Rank_Platinum_Words(session.results); });
+  Run_Trapped(session, [&] { Rank(session.results); });
 }
 
 }  // namespace quillspeech

@@ -23,7 +23,7 @@ struct Operations {
   std::function<void(Session&, std::int64_t, std::int64_t)> Play_Echo =
       [](Session&, std::int64_t, std::int64_t) {};  // first and last byte in the store
 
-  // recognition
+  // Adding to the language, which does not stand yet: until it does, a direct add adds nothing.
   Procedure Add_Engine_String_To_Language = Nothing;
 
   // presentation

@@ -16,7 +16,7 @@ struct Results {
   BoundedTable<CheckedByte, 1000> Platinum_Rank_Table;  // what the ranking compares
   BoundedTable<std::string, 7> Platinum_Best_Table;     // 1 to 7, trimmed, best first
   BoundedTable<Checked16, 7> Best_Word_Index;           // table index of each place, 0 is none
-  std::string Platinum_Word_Font;                       // of the record that matched last
+  std::string Platinum_Word_Font = "MS Sans Serif";     // then of the record that matched last
   Checked32 Matched_Record_No;                          // its number, 0 is none
   Checked16 Language_Matched;                           // 1 once a protocol matched
   Checked16 No_Language_Match;                          // True after a scan without a match

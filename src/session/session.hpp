@@ -18,7 +18,8 @@
 
 namespace quillspeech {
 
-// With the values of a new control. The engine table is empty until the engine is loaded.
+// With the values of a new control, but for the engine table: it is empty until the operations are
+// connected or an engine is loaded.
 struct Session {
   explicit Session(const Ports& platform);
   Session(const Session&) = delete;

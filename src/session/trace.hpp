@@ -1,5 +1,5 @@
-// What a run tells beyond its results: for logs, JSON and tests. Nothing in the recogniser reads
-// it.
+// What a run tells beyond its results: for logs, JSON and tests. The recogniser writes it, and no
+// result of its own depends on it.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,7 @@ struct SliceTrace {
 };
 
 struct Trace {
-  bool Keep_Slices = false;
+  bool Keep_Slices = false;  // whether the calls below are to be kept
   std::vector<SliceTrace> slices;
   std::vector<int> failures;  // numbers of the run-time failures that were trapped, in order
 };

@@ -24,13 +24,13 @@ std::bitset<256> Range(char first, char last) {
   return range;
 }
 
-// The set of a list; its content is not empty.
+// The set of a list; its content is not empty. A `-` begins no range.
 std::bitset<256> List(std::string content) {
   const bool excludes = content[0] == '!' && content != "!";
   if (excludes) content.erase(0, 1);
   std::bitset<256> set;
   while (!content.empty()) {
-    const bool is_range = content.size() > 2 && content[1] == '-';
+    const bool is_range = content.size() > 2 && content[0] != '-' && content[1] == '-';
     set |= Range(content[0], content[is_range ? 2 : 0]);
     content.erase(0, is_range ? 3 : 1);
   }
@@ -60,12 +60,17 @@ std::vector<Element> Elements(std::string_view pattern) {
   return elements;
 }
 
-bool Fits(std::string_view text, const Element* element, const Element* end) {
-  if (element == end) return text.empty();
-  if (element->star) {
-    return Fits(text, element + 1, end) || (!text.empty() && Fits(text.substr(1), element, end));
+// Whether the first characters fit the elements so far, by the number of these characters.
+using Fitting = std::vector<bool>;
+
+Fitting Fitting_With(const Element& element, std::string_view text, const Fitting& before) {
+  Fitting fits(text.size() + 1);
+  fits[0] = element.star && before[0];
+  for (std::size_t count = 1; count <= text.size(); ++count) {
+    fits[count] = element.star ? before[count] || fits[count - 1]
+                               : before[count - 1] && element.takes[Code(text[count - 1])];
   }
-  return !text.empty() && element->takes[Code(text[0])] && Fits(text.substr(1), element + 1, end);
+  return fits;
 }
 
 // A record as it lies in the file, by the offsets of its fields.
@@ -121,8 +126,10 @@ void Scan_Record(RawRecord record, std::string_view text, const Filter& filter, 
 }  // namespace
 
 bool Plain_Like_Match(std::string_view text, std::string_view pattern) {
-  const auto elements = Elements(pattern);
-  return Fits(text, elements.data(), elements.data() + elements.size());
+  Fitting fits(text.size() + 1);
+  fits[0] = true;
+  for (const Element& element : Elements(pattern)) fits = Fitting_With(element, text, fits);
+  return fits[text.size()];
 }
 
 PlainScan Plain_Language_Scan(std::vector<std::uint8_t> file, std::string_view text,

@@ -11,7 +11,8 @@
 
 namespace quillspeech::tests {
 
-// Tries every way a star can go, so the time doubles with each star. Failure 93 for a bad pattern.
+// Goes through the pattern sign by sign, and for each through the whole text. Failure 93 for a bad
+// pattern.
 bool Plain_Like_Match(std::string_view text, std::string_view pattern);
 
 struct PlainScan {

@@ -1,10 +1,12 @@
-#include "cli/recognition_run.hpp"
+#include "audio/padding.hpp"
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "tests/support/wave_builder.hpp"
 
-namespace quillspeech::cli {
+namespace quillspeech {
 namespace {
 
 // A store that holds `count` bytes of 1, 2, 3 ... in that format.
@@ -70,4 +72,4 @@ TEST(PadWithSilence, Bytes_that_the_file_lacks_give_way_to_silence) {
 }
 
 }  // namespace
-}  // namespace quillspeech::cli
+}  // namespace quillspeech

@@ -1,0 +1,12 @@
+// Silence around a sound: a pause is a share of the sample, so a bare word needs some to be found.
+#pragma once
+
+#include "session/sample.hpp"
+
+namespace quillspeech {
+
+// Surrounds the sound in the store with silence to `milliseconds` of its own byte rate: halves of
+// whole blocks, the odd block behind. A sound that is as long already stays.
+void Pad_With_Silence(Sample& sample, int milliseconds);
+
+}  // namespace quillspeech
