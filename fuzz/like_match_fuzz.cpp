@@ -1,4 +1,5 @@
-// A line of text and behind it a pattern: Like_Match against the test that reads like the definition.
+// A line of text and behind it a pattern: Like_Match against the test that reads like the
+// definition.
 #include <algorithm>
 
 #include "base/run_time_failure.hpp"
@@ -15,7 +16,7 @@ constexpr std::size_t Longest = 300;  // of text and pattern, so that the plain 
 void Compare(const std::string& text, const std::string& pattern) {
   bool plain = false;
   const int failure = tests::Failure_Of([&] { plain = tests::Plain_Like_Match(text, pattern); });
-  Require(failure == 0 || failure == Number_Of(Failure::Bad_Pattern),
+  Require(failure == 0 || failure == RunTimeFailure(Failure::Bad_Pattern).Number(),
           "the failure is that of a bad pattern");
   bool fits = false;
   Require(tests::Failure_Of([&] { fits = Like_Match(text, pattern); }) == failure,

@@ -31,8 +31,8 @@ struct Pairs {
 // The largest number of lags that any kernel takes at a time.
 constexpr int Most_Lags_At_A_Time = 9 * 16;
 
-// The inner loops for one vector width. Two lanes are written so that every machine has them; the
-// wider ones are the x86's.
+// The inner loops for one vector width. Two lanes are written so that every machine has them; wider
+// ones are for x86 alone, in 32 bits too.
 struct Kernel {
   void (*Sum_Products)(const Pairs& pairs, int lags, std::int32_t* sums);
   void (*Transform)(const AngleTable& angles, const double* R, ComplexBins& first,
@@ -53,7 +53,7 @@ namespace two_lanes {
 #include "analysis/spectrum_kernel.inc"
 }  // namespace two_lanes
 
-#ifdef __x86_64__
+#ifdef __SSE2__
 namespace four_lanes {
 #define TARGET [[gnu::target("avx2")]]
 #define VECTOR_BYTES 32
@@ -73,7 +73,7 @@ namespace eight_lanes {
 #endif
 
 const Kernel& Kernel_Of([[maybe_unused]] VectorWidth width) {
-#ifdef __x86_64__
+#ifdef __SSE2__
   const VectorWidth usable = std::min(width, Widest_Vectors());
   if (usable == VectorWidth::Eight) return eight_lanes::All;
   if (usable == VectorWidth::Four) return four_lanes::All;
@@ -139,7 +139,7 @@ int Find_Turns(const double* curve, int level, double* values, std::int32_t* bin
 }  // namespace
 
 VectorWidth Widest_Vectors() noexcept {
-#ifdef __x86_64__
+#ifdef __SSE2__
   if (__builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512vl") &&
       __builtin_cpu_supports("avx512vnni")) {
     return VectorWidth::Eight;

@@ -46,9 +46,9 @@ class AngleTable {
   std::vector<Row> rows_;
 };
 
-// Hands out tables by level and keeps those asked for last: up to four, and 32 MB of them. Level 128
-// takes 262 KB, level 1200 takes 23 MB, so that one large table is kept and small ones beside it.
-// Any number of threads may share one.
+// Hands out tables by level and keeps those asked for last: up to four, and 32 MB of them. Level
+// 128 takes 262 KB, level 1200 takes 23 MB, so that one large table is kept and small ones beside
+// it. Any number of threads may share one.
 class AngleTables {
  public:
   static constexpr std::size_t Most_Bytes_Kept = 32'000'000;

@@ -52,8 +52,8 @@ void Check_Lists(std::string_view pattern) {
   }
 }
 
-// The rows of which there is one each, and behind them those of the text's own bytes. No_Place stays
-// empty: it is the row of every byte that the text lacks.
+// The rows of which there is one each, and behind them those of the text's own bytes. No_Place
+// stays empty: it is the row of every byte that the text lacks.
 enum : std::uint16_t { No_Place, Every_Place, Digits, Places_Of_A_List, Reached, First_Byte_Row };
 
 using Block = std::uint64_t;

@@ -17,9 +17,9 @@ struct Filter {
   BoundedTable<std::string, 1000> Filter_Run_Data;  // letter groups of the run, from 1
   BoundedTable<Checked32, 1000> Filter_Run_Codes;
   Checked32 Filter_Run_Length;
-  Checked32 Processings_Delivered;  // slices since the head of a live sample; "Filter All" counts
-  Checked16 Engine_Category_Weight;                   // slices counted in the current run
-  Checked16 Filter_Filled_Slots;                      // slots in use; "Filter Same": repeats
+  Checked32 Processings_Delivered;   // slices since the head of a live sample; "Filter All" counts
+  Checked16 Engine_Category_Weight;  // slices counted in the current run
+  Checked16 Filter_Filled_Slots;     // slots in use; "Filter Same": repeats
   BoundedTable<std::string, 1000> Filter_Slot_Table;  // surviving groups, from 1
   BoundedTable<Checked16, 1000> Filter_Weight_Table;  // their weights
 

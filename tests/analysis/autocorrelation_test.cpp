@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
 
 #include "analysis/spectrum.hpp"
 #include "tests/support/centred_samples.hpp"

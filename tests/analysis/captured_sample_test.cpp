@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "tests/support/analysis_session.hpp"
+#include "tests/support/record_builder.hpp"
 
 namespace quillspeech {
 namespace {
@@ -563,6 +564,27 @@ TEST(CapturedSample, A_word_with_more_slices_than_16_bits_count_fails_with_6) {
   test.Slice_Bytes(1).Run();
   EXPECT_EQ(test.session.trace.failures, std::vector<int>{6});
   EXPECT_TRUE(test.Slices().empty());
+}
+
+TEST(CapturedSample, The_engine_file_is_loaded_anew_for_every_sample) {
+  Capture test(Words({1000}, Pause));
+  test.session.settings.Keep_Engine_Frequency_Input_Flow = "Pass All";
+  test.session.settings.Consider_this_Engine_for_Recognition = "voice.EGN";
+  for (const std::string letters : {"one", "two"}) {
+    Put_Engine_File(test.data_files, "voice.EGN", All_Groups(letters));
+    test.Run();
+    EXPECT_EQ(test.session.filter.Current_Voice_Word, letters);
+  }
+  EXPECT_EQ(test.data_files.opens, 2);
+  EXPECT_EQ(test.data_files.open_files, 0);
+}
+
+TEST(CapturedSample, A_stopped_session_opens_no_engine_file) {
+  Capture test(Words({1000}, Pause));
+  test.session.settings.Consider_this_Engine_for_Recognition = "voice.EGN";
+  test.session.settings.Stop_everything_now = "YES";
+  test.Run();
+  EXPECT_EQ(test.data_files.opens, 0);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/analysis_session.hpp"
+#include "tests/support/record_builder.hpp"
 
 namespace quillspeech {
 namespace {
@@ -327,6 +328,27 @@ TEST(FileAnalysis, The_graph_is_drawn_at_each_level) {
   test.host.path = "C:\\vb6.exe";
   test.Run();
   EXPECT_EQ(test.Times("Draw_Audio_Graph"), 2);
+}
+
+TEST(FileAnalysis, The_engine_file_is_loaded_anew_for_every_file) {
+  FileRun test(Words({1000}, Pause));
+  test.session.settings.Keep_Engine_Frequency_Input_Flow = "Pass All";
+  test.session.settings.Consider_this_Engine_for_Recognition = "voice.EGN";
+  for (const std::string letters : {"one", "two"}) {
+    Put_Engine_File(test.data_files, "voice.EGN", All_Groups(letters));
+    test.Run();
+    EXPECT_EQ(test.session.filter.Current_Voice_Word, letters);
+  }
+  EXPECT_EQ(test.data_files.opens, 2);
+  EXPECT_EQ(test.data_files.open_files, 0);
+}
+
+TEST(FileAnalysis, A_stopped_session_opens_no_engine_file) {
+  FileRun test(Words({1000}, Pause));
+  test.session.settings.Consider_this_Engine_for_Recognition = "voice.EGN";
+  test.session.settings.Stop_everything_now = "YES";
+  test.Run();
+  EXPECT_EQ(test.data_files.opens, 0);
 }
 
 }  // namespace

@@ -2,8 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "recognition/engine_table.hpp"
 #include "tests/support/analysis_session.hpp"
+#include "tests/support/failures.hpp"
 
 namespace quillspeech {
 namespace {
@@ -96,9 +105,22 @@ TEST(AnalyseFileSlice, With_Enable_Speech_Engine_NO_the_number_moves_and_goes_no
     test.session.settings.Enable_Speech_Engine = text;
     EXPECT_EQ(test.Category(0, 2000), 12);
     EXPECT_EQ(test.Filtered(), 0);
-    EXPECT_EQ(test.session.filter.Voice_Words_Explode_Count, 0);
     EXPECT_EQ(test.session.trace.slices.at(0).category, 12);
   }
+}
+
+// What a word of two slices that sound alike leaves as its string.
+std::string String_Of_Word(const char* Enable_Speech_Engine) {
+  FileSliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
+  test.session.settings.Enable_Speech_Engine = Enable_Speech_Engine;
+  test.session.words.No_of_Processings = 2;
+  EXPECT_EQ(test.Category(0, 1000), test.Category(1000, 2000));
+  return test.session.filter.Voice_Word_Table[1];
+}
+
+TEST(AnalyseFileSlice, The_last_slice_of_a_word_ends_its_string_when_Enable_Speech_Engine_is_YES) {
+  EXPECT_FALSE(String_Of_Word("YES").empty());
+  EXPECT_TRUE(String_Of_Word("NO").empty());
 }
 
 TEST(AnalyseFileSlice, A_slice_that_reaches_the_end_of_the_store_ends_50_bytes_before_it) {
@@ -118,12 +140,22 @@ TEST(AnalyseFileSlice, A_negative_length_shows_a_message_and_the_run_goes_on) {
   EXPECT_EQ(test.boxes.shown[0].box.text,
             "CANNOT PROCESS: CODE : WP,User: Please change your experimental settings");
   EXPECT_EQ(test.boxes.shown[0].box.icon, BoxIcon::Stop);
+  EXPECT_EQ(test.session.words.Sample_Span, -10);
   EXPECT_EQ(test.session.slice.Engine_Category, 77);
   EXPECT_EQ(test.Filtered(), 0);
   EXPECT_EQ(test.Category(0, 2000), 12);
 }
 
-TEST(AnalyseFileSlice, It_never_yields_and_leaves_status_flags_and_recorder_alone) {
+TEST(AnalyseFileSlice, A_length_of_0_gives_0_with_the_filter_and_without_a_message) {
+  FileSliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
+  ASSERT_EQ(test.Category(0, 2000), 12);
+  EXPECT_EQ(test.Category(2950, 3000), 0);
+  EXPECT_EQ(test.session.words.Sample_Span, 0);
+  EXPECT_EQ(test.Filtered(), 2);
+  EXPECT_TRUE(test.boxes.shown.empty());
+}
+
+TEST(AnalyseFileSlice, A_file_slice_never_yields_and_leaves_status_flags_and_recorder_alone) {
   FileSliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
   test.session.settings.I_want_Status_Animation = "YES";
   test.session.settings.Enable_Speech_Engine = "NO";
@@ -157,10 +189,54 @@ TEST(AnalyseFileSlice, A_noise_slice_clears_the_curve_and_keeps_the_autocorrelat
   EXPECT_EQ(test.session.slice.Magnitude[1], 0);
 }
 
-TEST(AnalyseFileSlice, It_has_room_for_130_cells_beyond_the_slice) {
+TEST(AnalyseFileSlice, A_file_slice_makes_room_for_130_cells_beyond_it) {
   FileSliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
   test.Category(0, 500);
   EXPECT_EQ(test.session.words.Centred_Samples.Count(), 500 + 130 + 1);
+}
+
+TEST(AnalyseFileSlice, A_file_slice_is_gated_by_9) {
+  FileSliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
+  test.Category(0, 500);
+  EXPECT_EQ(test.session.slice.Noise_Gate_Limit, 9);
+}
+
+TEST(AnalyseFileSlice, Decimated_Samples_hold_the_slice_at_its_place_and_nothing_else) {
+  FileSliceTest test(Level(138, Bytes(3000)));
+  test.Category(0, 2500);
+  test.Category(1000, 1500);
+  const auto& samples = test.session.words.Decimated_Samples;
+  ASSERT_EQ(samples.Count(), 1501);
+  for (std::int64_t i = 0; i <= 1500; ++i) {
+    ASSERT_EQ(samples[i], i > 1000 && i < 1499 ? 10 : 0) << i;
+  }
+}
+
+TEST(AnalyseFileSlice, Lags_beyond_a_file_slice_reach_what_an_earlier_one_left) {
+  FileSliceTest test(Level(138, Bytes(3000)));
+  test.Category(0, 1000);
+  test.Category(1000, 1500);
+  // 498 samples of 10, and 128 more of the first slice behind them.
+  for (std::int64_t lag = 0; lag <= 128; ++lag) {
+    ASSERT_EQ(test.session.slice.Autocorrelation[lag], 49800.0 / 128) << lag;
+  }
+}
+
+TEST(AnalyseFileSlice, A_noise_slice_moves_the_bounds_and_forgets_what_lay_beyond_its_room) {
+  FileSliceTest test(Level(178, Bytes(4000)) + Silence(Bytes(3000)));
+  test.Category(0, 3000);
+  const std::int64_t category = test.session.slice.Engine_Category;
+  EXPECT_EQ(test.Category(4500, 6000), category);
+  EXPECT_EQ(test.Filtered(), 1);
+  EXPECT_EQ(test.session.slice.Span_Start, 4500);
+  EXPECT_EQ(test.session.slice.Span_End, 6000);
+  EXPECT_EQ(test.session.words.Centred_Samples.Count(), 1500 + 130 + 1);
+  test.Category(0, 1600);
+  // 1,598 samples of 50, and beyond them what the noise slice had room for, up to cell 1,630.
+  for (std::int64_t lag = 0; lag <= 128; ++lag) {
+    const std::int64_t terms = std::min<std::int64_t>(1598, 1630 - lag);
+    ASSERT_EQ(test.session.slice.Autocorrelation[lag], static_cast<double>(terms) * 2500 / 128);
+  }
 }
 
 TEST(AnalyseFileSlice, Peaks_are_counted_over_the_same_curve) {
@@ -178,6 +254,39 @@ TEST(AnalyseFileSlice, Peaks_are_counted_over_the_same_curve) {
   }
   EXPECT_GT(peaks, 5);
   EXPECT_EQ(slice.Peak_Count, peaks);
+}
+
+TEST(AnalyseFileSlice, Peaks_are_counted_with_Enable_Speech_Engine_NO_too) {
+  FileSliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
+  test.session.settings.Enable_Speech_Engine = "NO";
+  test.Category(0, 2000);
+  EXPECT_GT(test.session.slice.Peak_Count, 5);
+}
+
+TEST(AnalyseFileSlice, Peak_tables_keep_old_entries_above_the_count) {
+  FileSliceTest test(Tone(3000_Hz, Amplitude(100), Bytes(3000)) +
+                     Tone(1000_Hz, Amplitude(100), Bytes(3000)));
+  const Slice& slice = test.session.slice;
+  test.Category(0, 2000);
+  const std::int64_t last = slice.Peak_Count - 1;
+  const std::int32_t bin = slice.Peak_Bin[last];
+  const double value = slice.Peak_dB[last];
+  ASSERT_NE(bin, 0);
+  test.Category(3000, 5000);
+  ASSERT_LT(slice.Peak_Count, last);
+  EXPECT_EQ(slice.Peak_Bin[last], bin);
+  EXPECT_EQ(slice.Peak_dB[last], value);
+}
+
+TEST(AnalyseFileSlice, A_position_past_32_bits_is_the_callers_own_failure_6_traced_or_not) {
+  for (const bool traced : {true, false}) {
+    FileSliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
+    test.session.trace.Keep_Slices = traced;
+    EXPECT_EQ(Failure_Of([&] { test.Category(0, 2147483648); }), 6);
+    EXPECT_EQ(Failure_Of([&] { test.Category(0, 2147483647); }), 0);
+    EXPECT_TRUE(test.session.trace.failures.empty());
+    EXPECT_TRUE(test.Times("Stop_And_Recover") == 0 && test.Filtered() == 1);
+  }
 }
 
 TEST(AnalyseFileSlice, A_running_sum_past_32_bits_fails_with_6) {

@@ -2,15 +2,20 @@
 
 #include <gtest/gtest.h>
 
-#include "analysis/slice_steps.hpp"
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "recognition/engine_table.hpp"
 #include "tests/support/analysis_session.hpp"
+#include "tests/support/failures.hpp"
 
 namespace quillspeech {
 namespace {
 
 using namespace tests;
-using Calls = std::vector<std::string>;
 
 // A sound in the store, ready to be cut into slices.
 struct SliceTest : AnalysisSession {
@@ -34,9 +39,11 @@ TEST(AnalyseSlice, A_tone_gives_about_twice_its_frequency_by_level_over_rate) {
 }
 
 TEST(AnalyseSlice, A_silent_slice_gives_0_and_the_filter_still_runs) {
-  SliceTest test(Silence(Bytes(2000)));
-  EXPECT_EQ(test.Category(0, 1000), 0);
-  EXPECT_EQ(test.Filtered(), 1);
+  SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(2000)) + Silence(Bytes(4000)));
+  ASSERT_EQ(test.Category(0, 2000), 12);
+  test.Category(2000, 4200);  // takes the place of what the tone left beyond the next slice
+  EXPECT_EQ(test.Category(2000, 4000), 0);
+  EXPECT_EQ(test.Filtered(), 3);
   for (std::int64_t lag = 0; lag <= 128; ++lag) {
     EXPECT_EQ(test.session.slice.Autocorrelation[lag], 0);
     EXPECT_EQ(test.session.slice.Magnitude_dB[lag], 0);
@@ -77,6 +84,32 @@ TEST(AnalyseSlice, Level_1201_fails_with_9_and_the_filter_is_not_called) {
   EXPECT_EQ(test.session.trace.slices.at(0).category, std::nullopt);
 }
 
+TEST(AnalyseSlice, A_running_sum_past_32_bits_fails_with_6_and_the_filter_is_not_called) {
+  // 131,071 terms of 128 squared fit, one more does not; a byte of 0 is 128 below silence.
+  SliceTest fits(Level(0, Bytes(140000)));
+  fits.Category(0, 131071 + 2);
+  EXPECT_TRUE(fits.session.trace.failures.empty());
+  EXPECT_EQ(fits.Filtered(), 1);
+  SliceTest fails(Level(0, Bytes(140000)));
+  fails.Category(0, 131072 + 2);
+  EXPECT_EQ(fails.session.trace.failures, std::vector<int>{6});
+  EXPECT_EQ(fails.Times("Stop_And_Recover"), 1);
+  EXPECT_EQ(fails.Filtered(), 0);
+  EXPECT_EQ(fails.session.trace.slices.at(0).category, std::nullopt);
+}
+
+TEST(AnalyseSlice, A_position_past_32_bits_is_the_callers_own_failure_6_traced_or_not) {
+  for (const bool traced : {true, false}) {
+    SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
+    test.session.trace.Keep_Slices = traced;
+    EXPECT_EQ(Failure_Of([&] { test.Category(0, 2147483648); }), 6);
+    EXPECT_EQ(Failure_Of([&] { test.Category(-2147483649, 500); }), 6);
+    EXPECT_EQ(Failure_Of([&] { test.Category(0, 2147483647); }), 0);
+    EXPECT_TRUE(test.session.trace.failures.empty());
+    EXPECT_TRUE(test.Times("Stop_And_Recover") == 0 && test.Filtered() == 1);
+  }
+}
+
 TEST(AnalyseSlice, Level_1_has_no_bin_and_gives_0) {
   SliceTest test(Tone(2000_Hz, Amplitude(100), Bytes(3000)));
   test.session.settings.Digital_Signal_Processing_Level = 1;
@@ -90,6 +123,19 @@ TEST(AnalyseSlice, A_level_of_0_or_less_becomes_128_in_the_setting) {
     test.session.settings.Digital_Signal_Processing_Level = level;
     EXPECT_EQ(test.Category(0, 2000), 12);
     EXPECT_EQ(test.session.settings.Digital_Signal_Processing_Level, 128);
+  }
+}
+
+TEST(AnalyseSlice, A_level_gets_its_default_after_the_yield_and_not_when_a_stop_came) {
+  for (const char* stop : {"NO", "YES"}) {
+    SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(2100)));
+    test.events.At_Yield = [&] {
+      test.session.settings.Digital_Signal_Processing_Level = 0;
+      test.session.settings.Stop_everything_now = stop;
+    };
+    test.Category(0, 2000);
+    const bool stopped = test.session.settings.Stop_everything_now == "YES";
+    EXPECT_EQ(test.session.settings.Digital_Signal_Processing_Level, stopped ? 0 : 128);
   }
 }
 
@@ -110,33 +156,13 @@ TEST(AnalyseSlice, A_slice_that_reaches_the_end_of_the_store_ends_50_bytes_befor
 TEST(AnalyseSlice, A_slice_cut_to_end_before_its_start_leaves_without_the_filter) {
   SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
   test.Category(2951, 3000);
+  EXPECT_EQ(test.session.words.Sample_Span, -1);
   EXPECT_EQ(test.Filtered(), 0);
   EXPECT_EQ(test.Times("Stop_Recording"), 0);
   EXPECT_TRUE(test.boxes.shown.empty());
   EXPECT_TRUE(test.session.trace.failures.empty());
   test.Category(2950, 3000);
   EXPECT_EQ(test.Filtered(), 1);
-}
-
-TEST(AnalyseSlice, The_loudness_walk_gives_up_where_it_reaches_the_end_of_the_store) {
-  // A slice is cut before it is walked, so only a bare walk gets there.
-  SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
-  const Sample& sample = test.session.sample;
-  EXPECT_TRUE(Count_Loud_Bytes(sample, {0, 3000}, 25).has_value());
-  EXPECT_FALSE(Count_Loud_Bytes(sample, {0, 3001}, 25).has_value());
-  EXPECT_FALSE(Count_Loud_Bytes(sample, {2975, 5000}, 25).has_value());
-}
-
-TEST(AnalyseSlice, The_walk_counts_grid_bytes_at_the_limit_or_further_away) {
-  const auto count = [](int byte, int limit) {
-    SliceTest test(Level(static_cast<std::uint8_t>(byte), Bytes(3000)));
-    return *Count_Loud_Bytes(test.session.sample, {0, 2500}, limit);
-  };
-  EXPECT_EQ(count(128 + 25, 25), 98);  // 25, 50, ... 2,450
-  EXPECT_EQ(count(128 - 25, 25), 98);
-  EXPECT_EQ(count(128 + 24, 25), 0);
-  EXPECT_EQ(count(128 - 24, 25), 0);
-  EXPECT_EQ(count(128 - 30, 30), 98);
 }
 
 TEST(AnalyseSlice, A_quiet_long_slice_is_analysed_all_the_same) {
@@ -149,11 +175,12 @@ TEST(AnalyseSlice, A_quiet_long_slice_is_analysed_all_the_same) {
 TEST(AnalyseSlice, A_slice_of_2_bytes_or_fewer_has_no_product_and_gives_0) {
   for (const std::int64_t length : {0, 1, 2}) {
     SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
+    ASSERT_EQ(test.Category(0, 2000), 12);
     EXPECT_EQ(test.Category(100, 100 + length), 0) << length;
     for (std::int64_t lag = 0; lag <= 128; ++lag) {
       ASSERT_EQ(test.session.slice.Autocorrelation[lag], 0);
     }
-    EXPECT_EQ(test.Filtered(), 1);
+    EXPECT_EQ(test.Filtered(), 2);
   }
 }
 
@@ -211,7 +238,7 @@ TEST(AnalyseSlice, Samples_keep_their_positions_in_the_store) {
   EXPECT_EQ(test.session.slice.Span_End, 1500);
 }
 
-TEST(AnalyseSlice, It_frees_the_tables_of_the_scan_and_keeps_the_bounds_of_the_words) {
+TEST(AnalyseSlice, A_slice_frees_the_tables_of_the_scan_and_keeps_the_bounds_of_the_words) {
   SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
   WordTables& words = test.session.words;
   for (auto* table :
@@ -248,7 +275,7 @@ TEST(AnalyseSlice, A_slice_with_fewer_valleys_leaves_none_of_the_last_one) {
   }
 }
 
-TEST(AnalyseSlice, It_yields_once_and_says_what_it_does) {
+TEST(AnalyseSlice, A_slice_yields_once_and_says_that_it_is_processed) {
   SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
   test.session.flags.Operation_Status = "Starting Processing";
   std::string status;
@@ -270,6 +297,7 @@ TEST(AnalyseSlice, A_stop_at_the_yield_leaves_without_the_filter) {
   EXPECT_EQ(test.Filtered(), 0);
   EXPECT_EQ(test.Times("Stop_Recording"), 0);
   EXPECT_EQ(test.session.flags.Operation_Status, "Processing ...");
+  EXPECT_EQ(test.session.flags.Analysis_Running, 1);
   EXPECT_EQ(test.session.trace.slices.at(0).category, std::nullopt);
 }
 
@@ -280,6 +308,15 @@ TEST(AnalyseSlice, The_status_image_shows_only_when_it_is_wanted) {
   test.session.settings.I_want_Status_Animation = "YES";
   test.Category(0, 500);
   EXPECT_EQ(test.Times("Show_Status_Image 2"), 1);
+}
+
+TEST(AnalyseSlice, The_status_image_shows_before_the_yield) {
+  SliceTest test(Silence(Bytes(3000)));
+  test.session.settings.I_want_Status_Animation = "YES";
+  std::int64_t shown = -1;
+  test.events.At_Yield = [&] { shown = test.Times("Show_Status_Image 2"); };
+  test.Category(0, 500);
+  EXPECT_EQ(shown, 1);
 }
 
 TEST(AnalyseSlice, The_recorder_is_stopped_before_the_filter_runs) {

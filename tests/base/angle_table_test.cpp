@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <bit>
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <thread>
 #include <vector>
 
@@ -12,6 +14,8 @@
 
 namespace quillspeech {
 namespace {
+
+std::uint64_t Bits(double value) { return std::bit_cast<std::uint64_t>(value); }
 
 // The number of the failure when that level is asked for, 0 when there is a table.
 int Ending_Of(int level) {
@@ -33,6 +37,12 @@ TEST(TransformAngle, Is_computed_from_left_to_right) {
   EXPECT_GT(differ, 0);
 }
 
+TEST(TransformAngle, The_bin_comes_before_the_term) {
+  // 3 * 6.284 = 18.852 and 18.852 * 5, against 5 * 6.284 = 31.42 and 31.42 * 3.
+  EXPECT_EQ(Transform_Angle(4, 6, 128), 0x1.790a3d70a3d71p-1);
+  EXPECT_EQ(Transform_Angle(6, 4, 128), 0x1.790a3d70a3d70p-1);
+}
+
 TEST(TransformAngle, Has_6_284_for_the_full_circle) {
   EXPECT_EQ(Transform_Angle(2, 129, 128), 6.284);
   EXPECT_EQ(Transform_Angle(1, 77, 128), 0);
@@ -48,8 +58,8 @@ TEST(AngleTable, Holds_the_cosine_and_the_sine_of_every_angle) {
         const auto place = static_cast<std::size_t>((bin - 1) % AngleTable::Bins_In_Panel);
         const auto& row = table.Panel((bin - 1) / AngleTable::Bins_In_Panel)[term - 1];
         const auto [sine, cosine] = Sine_And_Cosine(Transform_Angle(bin, term, level));
-        ASSERT_EQ(row.cosine[place], cosine) << level << " " << bin << " " << term;
-        ASSERT_EQ(row.sine[place], sine) << level << " " << bin << " " << term;
+        ASSERT_EQ(Bits(row.cosine[place]), Bits(cosine)) << level << " " << bin << " " << term;
+        ASSERT_EQ(Bits(row.sine[place]), Bits(sine)) << level << " " << bin << " " << term;
       }
     }
   }
@@ -107,11 +117,27 @@ TEST(AngleTables, The_four_levels_asked_for_last_are_kept_and_older_ones_let_go)
   EXPECT_FALSE(used_again.expired());
 }
 
+TEST(AngleTables, A_large_level_lets_go_of_another_large_one_and_of_no_small_one) {
+  AngleTables tables;
+  const std::weak_ptr<const AngleTable> large = tables.For_Level(1200);
+  const std::weak_ptr<const AngleTable> small = tables.For_Level(128);
+  EXPECT_FALSE(large.expired());
+  const std::weak_ptr<const AngleTable> other_large = tables.For_Level(1000);
+  EXPECT_TRUE(large.expired());
+  EXPECT_FALSE(small.expired());
+  tables.For_Level(128);
+  EXPECT_FALSE(other_large.expired());
+  EXPECT_LE(AngleTable(1200).Bytes(), AngleTables::Most_Bytes_Kept);
+}
+
 TEST(AngleTables, A_table_in_use_outlives_the_keeping) {
   AngleTables tables;
-  const auto held = tables.For_Level(10);
+  const std::shared_ptr<const AngleTable> held = tables.For_Level(10);
+  EXPECT_EQ(held.use_count(), 2);
   for (int level = 11; level < 20; ++level) tables.For_Level(level);
-  EXPECT_EQ(held->Panel(0)[0].cosine[0], 1);
+  EXPECT_EQ(held.use_count(), 1);
+  EXPECT_EQ(held->Level(), 10);
+  EXPECT_NE(tables.For_Level(10), held);
 }
 
 TEST(AngleTables, Threads_that_ask_at_once_share_one_table) {
@@ -120,6 +146,8 @@ TEST(AngleTables, Threads_that_ask_at_once_share_one_table) {
   std::vector<std::thread> threads;
   for (auto& table : got) threads.emplace_back([&] { table = tables.For_Level(128); });
   for (std::thread& thread : threads) thread.join();
+  ASSERT_NE(got[0], nullptr);
+  EXPECT_EQ(got[0]->Level(), 128);
   for (const auto& table : got) EXPECT_EQ(table, got[0]);
 }
 

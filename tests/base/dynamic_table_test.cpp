@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <random>
 #include <vector>
 
@@ -58,6 +61,19 @@ TEST(DynamicTable, An_index_outside_the_bounds_fails_with_9) {
   EXPECT_EQ(Failure_Of([&] { table.Read_Range(0, 4); }), 9);
   EXPECT_EQ(Failure_Of([&] { table.Write_Range(-1, 2); }), 9);
   EXPECT_EQ(Failure_Of([&] { table.Read_Range(2, 0); }), 9);
+}
+
+TEST(DynamicTable, A_bound_that_the_machine_cannot_address_fails_with_7_and_changes_nothing) {
+  constexpr std::int64_t Most_Bytes = std::numeric_limits<std::ptrdiff_t>::max();
+  for (const std::int64_t upper :
+       {Most_Bytes / 8, Most_Bytes - 1, Most_Bytes, std::numeric_limits<std::int64_t>::max()}) {
+    DynamicTable<double> table;
+    table.Resize(3);
+    table.Put(3, 7);
+    EXPECT_EQ(Failure_Of([&] { table.Resize(upper); }), 7) << upper;
+    EXPECT_EQ(table.Count(), 4);
+    EXPECT_EQ(table[3], 7);
+  }
 }
 
 TEST(DynamicTable, A_range_may_be_empty) {

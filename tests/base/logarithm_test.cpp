@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -84,7 +85,7 @@ TEST(NaturalLogarithm, Numbers_of_every_size_are_nearly_rounded_best) {
   EXPECT_LE(worst, Bound);
 }
 
-TEST(NaturalLogarithm, So_are_numbers_around_1_where_logarithms_are_small) {
+TEST(NaturalLogarithm, Numbers_around_1_are_nearly_rounded_best) {
   std::mt19937 random(2);
   double worst = 0;
   for (int i = 0; i < 30000; ++i) {
@@ -95,7 +96,7 @@ TEST(NaturalLogarithm, So_are_numbers_around_1_where_logarithms_are_small) {
   EXPECT_LE(worst, Bound);
 }
 
-TEST(NaturalLogarithm, So_are_numbers_below_the_smallest_normal_one) {
+TEST(NaturalLogarithm, Numbers_below_the_smallest_normal_one_are_nearly_rounded_best) {
   double worst = 0;
   for (std::uint64_t bits = 1; bits < 0x0010000000000000; bits += bits / 16 + 1) {
     worst = std::max(worst, Units_Off_At(Of_Bits(bits)));
@@ -103,7 +104,7 @@ TEST(NaturalLogarithm, So_are_numbers_below_the_smallest_normal_one) {
   EXPECT_LE(worst, Bound);
 }
 
-TEST(NaturalLogarithm, A_greater_neighbour_never_has_a_smaller_logarithm) {
+TEST(NaturalLogarithm, The_logarithm_never_falls_from_a_number_to_its_greater_neighbour) {
   std::mt19937_64 random(3);
   for (int i = 0; i < 200000; ++i) {
     const std::uint64_t any = 1 + random() % (Bits_Of_Infinity - 2);
@@ -114,7 +115,7 @@ TEST(NaturalLogarithm, A_greater_neighbour_never_has_a_smaller_logarithm) {
   }
 }
 
-TEST(NaturalLogarithm, Nor_does_it_fall_where_the_exponent_changes) {
+TEST(NaturalLogarithm, The_logarithm_does_not_fall_where_the_exponent_changes) {
   for (int exponent = -1022; exponent < 1023; ++exponent) {
     for (const double seam : {0x1.6a09ep+0, 0x1.6a09e667f3bcdp+0, 1.0}) {
       const double x = std::ldexp(seam, exponent);

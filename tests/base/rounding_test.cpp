@@ -41,7 +41,7 @@ TEST(Rounding, A_value_that_rounds_past_the_field_fails_with_6) {
   EXPECT_EQ(Failure_Of([] { Round_To_32(1e300); }), 6);
 }
 
-TEST(Rounding, What_is_no_number_fails_with_6) {
+TEST(Rounding, A_value_that_is_no_number_fails_with_6) {
   EXPECT_EQ(Failure_Of([] { Round_To_32(std::numeric_limits<double>::quiet_NaN()); }), 6);
   EXPECT_EQ(Failure_Of([] { Round_To_16(std::numeric_limits<double>::infinity()); }), 6);
 }

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <string>
+
 namespace quillspeech {
 namespace {
 
@@ -37,6 +40,26 @@ TEST(Text, A_text_that_spells_none_gives_nothing) {
   for (const char* text : {"", " ", "abc", "5x", "+-5", "++5", "1 2", "1e999", "inf", "nan", "-"}) {
     EXPECT_EQ(Text_To_Number(text), std::nullopt) << text;
   }
+}
+
+TEST(Text, A_number_too_small_for_a_double_is_0) {
+  const std::string zeros(400, '0');
+  for (const std::string& text :
+       {std::string("1e-999"), std::string("-1E-999"), std::string(" 0.5e-99999999999 "),
+        std::string("2e-324"), "0." + zeros + "1", "1" + zeros + "e-800"}) {
+    EXPECT_EQ(Text_To_Number(text), 0) << text;
+  }
+  EXPECT_EQ(Text_To_Number("3e-324"), 0x1p-1074);  // the smallest there is
+}
+
+TEST(Text, A_number_too_large_for_a_double_is_none) {
+  const std::string zeros(400, '0');
+  for (const std::string& text :
+       {std::string("1e999"), std::string("-1E+999"), std::string("0.001e99999999999"),
+        std::string("1.8e308"), "1" + zeros, "0." + zeros + "1e800"}) {
+    EXPECT_EQ(Text_To_Number(text), std::nullopt) << text;
+  }
+  EXPECT_EQ(Text_To_Number("0e99999999999"), 0);
 }
 
 TEST(Text, Every_byte_survives_the_way_to_UTF_8_and_back) {

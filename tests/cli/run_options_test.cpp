@@ -136,5 +136,19 @@ TEST_F(RunOptions, An_engine_name_without_its_extension_fails_every_file) {
   EXPECT_NE(err.find("location of the engine file"), std::string::npos);
 }
 
+TEST_F(RunOptions, Only_a_missing_engine_file_that_can_be_loaded_is_said_to_be_created) {
+  const auto file = Put_Sound("low.wav", Low_Word());
+  for (const std::string name : {"voice.EGN", "voice.egn"}) {
+    Run({"recognize", "--engine", Path(name), file});
+    EXPECT_NE(err.find("there is no engine file " + Path(name)), std::string::npos) << err;
+    EXPECT_TRUE(Exists(name));
+  }
+  for (const std::string name : {"voice.Egn", "voice.txt"}) {
+    Run({"recognize", "--engine", Path(name), file});
+    EXPECT_EQ(err.find("there is no engine file"), std::string::npos) << err;
+    EXPECT_FALSE(Exists(name));
+  }
+}
+
 }  // namespace
 }  // namespace quillspeech::tests

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "tests/support/analysis_session.hpp"
 
 namespace quillspeech {
@@ -100,6 +103,44 @@ TEST(ConnectOperations, A_failure_in_the_analysis_reaches_the_recovery) {
   test.session.operations.Stop_And_Recover(test.session);
   EXPECT_EQ(test.session.settings.Stop_everything_now, "YES");
   EXPECT_EQ(test.session.flags.Operation_Status, "Sleeping");
+}
+
+TEST(ConnectOperations, The_built_in_engine_stands_from_the_start) {
+  TestSession test;
+  Connect_Operations(test.session);
+  EXPECT_EQ(test.session.filter.Engine_Table[0], "_");
+  EXPECT_EQ(test.session.filter.Engine_Table[70], "sx");
+  EXPECT_EQ(test.session.filter.Engine_Table[71], "");
+}
+
+// A file of one word, every slice of which adds its letters.
+struct RunWithEngine : TestSession {
+  RunWithEngine(const std::string& engine, const std::string& restart) {
+    Connect_Operations(session);
+    riff_files.files["word.wav"] = Wave().Data(Words({1000}, Bytes(2000)));
+    session.settings.Open_this_Wave_File = "word.wav";
+    session.settings.Enable_Artificial_Intelligence = "NO";
+    session.settings.Keep_Engine_Frequency_Input_Flow = "Pass All";
+    session.settings.Consider_this_Engine_for_Recognition = engine;
+    session.settings.Always_Restart_on_Error = restart;
+    Open_Specified_Wave_File_And_Process(session);
+  }
+};
+
+TEST(ConnectOperations, After_a_refused_engine_file_a_restart_goes_on_over_the_built_in_table) {
+  const RunWithEngine built_in("", "YES");
+  const RunWithEngine restarted("voice.txt", "YES");
+  EXPECT_EQ(restarted.boxes.shown.size(), 1U);
+  EXPECT_NE(restarted.session.filter.Current_Voice_Word, "");
+  EXPECT_EQ(restarted.session.filter.Current_Voice_Word,
+            built_in.session.filter.Current_Voice_Word);
+  EXPECT_TRUE(restarted.session.trace.failures.empty());
+}
+
+TEST(ConnectOperations, After_a_refused_engine_file_a_stop_analyses_nothing) {
+  const RunWithEngine stopped("voice.txt", "NO");
+  EXPECT_EQ(stopped.boxes.shown.size(), 1U);
+  EXPECT_EQ(stopped.session.filter.Current_Voice_Word, "");
 }
 
 }  // namespace

@@ -126,6 +126,16 @@ TEST_F(RecordScanTest, A_write_of_our_own_that_was_torn_shows_too) {
   EXPECT_EQ(Next(), (FileBytes{99, 99, 99, 99, 2, 2, 2, 2, 2, 2}));
 }
 
+TEST_F(RecordScanTest, A_failure_after_a_write_of_our_own_brings_no_old_block_back) {
+  Content() = Numbered_Records(3, 10);
+  Open();
+  Next();
+  file.Write(2, FileBytes(10, 99));
+  store.read_faults[2] = Failure::Device_Failure;
+  EXPECT_EQ(Failure_Of([&] { Next(); }), 57);
+  EXPECT_EQ(Next(), FileBytes(10, 99));
+}
+
 TEST_F(RecordScanTest, Opening_again_leaves_nothing_of_the_old_file) {
   Content() = Numbered_Records(3, 10);
   Open();

@@ -224,7 +224,7 @@ TEST(Records, The_41st_character_of_a_word_is_lost_and_no_neighbour_is_touched) 
 
 TEST(Records, A_short_text_is_padded_on_the_right_with_blanks) {
   SayRecord record;
-  record.WordFont(Letters(20));
+  record.WordFont(std::string(20, 'k'));
   record.WordFont("Arial");
   EXPECT_EQ(record.WordFont(), "Arial               ");
 }

@@ -139,10 +139,11 @@ TEST_F(EngineFilter, A_word_whose_first_run_never_weighs_enough_matches_the_word
 
 TEST_F(EngineFilter, With_a_pass_value_of_0_a_run_of_weight_0_survives) {
   settings.Filter_Pass_Value = 0;
-  Deliver_Word("A");
-  EXPECT_EQ(Slots(), "A0 ");
+  Deliver_Word("B");  // alone, it is the slice that ends the run and the run itself
+  EXPECT_EQ(Slots(), "B0 ");
+  EXPECT_EQ(filter.Current_Engine_Code, 1);
   EXPECT_EQ(filter.Voice_Magic_Elements, "_0");
-  EXPECT_EQ(matched, Words{"A"});
+  EXPECT_EQ(matched, Words{"B"});
 }
 
 TEST_F(EngineFilter, A_single_slice_is_first_and_last_and_weighs_nothing) {
@@ -273,6 +274,48 @@ TEST_F(EngineFilter, A_repeat_counter_above_32767_is_an_overflow) {
   EXPECT_EQ(recoveries, 1);
 }
 
+TEST_F(EngineFilter, A_run_that_weighs_more_than_32767_is_an_overflow) {
+  Deliver("A");
+  filter.Engine_Category_Weight = 32767;
+  Deliver("A");
+  EXPECT_EQ(Failures(), std::vector<int>{6});
+  EXPECT_EQ(filter.Engine_Category_Weight, 32767);
+  EXPECT_EQ(filter.Filter_Run_Length, 2);
+}
+
+TEST_F(EngineFilter, A_merge_that_weighs_more_than_32767_keeps_the_slot_that_it_counted) {
+  struct Case {
+    int run;
+    int slot;
+    int run_after;
+  };
+  for (const Case c : {Case{32767, 2, 32767},  // the run by itself
+                       {2, 32765, 3},          // the run and the slot
+                       {32766, 1, 32767}}) {
+    Reset_Filter_For_Live(filter, session.results);
+    Failures().clear();
+    Deliver("AAB");
+    Deliver("A");
+    filter.Engine_Category_Weight = c.run;
+    filter.Filter_Weight_Table[1] = c.slot;
+    Deliver("B");
+    EXPECT_EQ(Failures(), std::vector<int>{6}) << c.run;
+    EXPECT_EQ(filter.Filter_Filled_Slots, 2) << c.run;
+    EXPECT_EQ(filter.Engine_Category_Weight, c.run_after);
+    EXPECT_EQ(filter.Filter_Weight_Table[1], c.slot);
+  }
+  EXPECT_EQ(recoveries, 3);
+}
+
+TEST_F(EngineFilter, A_merge_may_weigh_32767) {
+  Deliver("AABA");
+  filter.Engine_Category_Weight = 2;
+  filter.Filter_Weight_Table[1] = 32764;
+  Deliver("B");
+  EXPECT_TRUE(Failures().empty());
+  EXPECT_EQ(Slots(), "A32767 ");
+}
+
 TEST_F(EngineFilter, Full_slots_show_the_message_at_every_surviving_run) {
   filter.Filter_Filled_Slots = 998;
   Deliver("AAB");
@@ -301,6 +344,14 @@ TEST_F(EngineFilter, Full_slots_on_the_last_slice_still_match) {
   Deliver_Word("AAB");
   EXPECT_EQ(test.boxes.shown.size(), 1U);
   EXPECT_EQ(matched, Words{"so far"});
+}
+
+TEST_F(EngineFilter, Full_slots_on_the_last_slice_do_not_match_without_artificial_intelligence) {
+  settings.Enable_Artificial_Intelligence = "NO";
+  filter.Filter_Filled_Slots = 999;
+  Deliver_Word("AAB");
+  EXPECT_EQ(test.boxes.shown.size(), 1U);
+  EXPECT_TRUE(matched.empty());
 }
 
 TEST_F(EngineFilter, Slots_are_overwritten_by_the_next_sample) {
@@ -343,6 +394,20 @@ TEST_F(EngineFilter, Each_wanted_pattern_that_fits_counts_the_word_and_matches) 
   EXPECT_EQ(filter.Voice_Word_Matched_Table[1], "A");
   EXPECT_EQ(filter.Voice_Word_Matched_Table[2], "A");
   EXPECT_EQ(matched, (Words{"A", "A"}));
+}
+
+TEST_F(EngineFilter, Each_wanted_pattern_that_fits_enters_the_words_of_the_language_again) {
+  tests::Put_Language_File(test.data_files, "UserTemp.SAY",
+                           {tests::Record().Word("hello").Pattern("A")});
+  settings.Words_I_Want[1] = "*";
+  settings.Words_I_Want[2] = "B*";
+  settings.Words_I_Want[3] = "A*";
+  settings.Words_to_Scan = 3;
+  Deliver_Word("AAB");
+  EXPECT_EQ(session.results.Platinum_Words_Available, 2);
+  EXPECT_EQ(session.results.Platinum_Best_Table[1], "hello");
+  EXPECT_EQ(session.results.Platinum_Best_Table[2], "hello");
+  EXPECT_EQ(session.results.Platinum_Best_Table[3], "");
 }
 
 TEST_F(EngineFilter, A_new_stretch_that_no_wanted_pattern_fits_is_not_matched) {
@@ -413,6 +478,24 @@ TEST_F(EngineFilter, Any_other_explode_setting_grows_the_string_and_counts_nothi
   }
 }
 
+TEST_F(EngineFilter, Any_other_explode_setting_still_matches_a_light_run_full_slots_and_a_merge) {
+  settings.Explode_out_all_Engine = "OFF";
+  filter.Current_Voice_Word = "so far";
+  Deliver("AAB");  // slot 1
+  settings.Filter_Pass_Value = 9;
+  Deliver_Word("CCD");
+  EXPECT_EQ(matched, Words{"A"}) << "a light run";
+  settings.Filter_Pass_Value = 1;
+  filter.Filter_Run_Length = 0;
+  Deliver_Word("AAB");
+  EXPECT_EQ(matched, (Words{"A", "A"})) << "a merge";
+  filter.Filter_Filled_Slots = 999;
+  Deliver_Word("CCD");
+  EXPECT_EQ(matched, (Words{"A", "A", "A"})) << "full slots";
+  EXPECT_EQ(test.boxes.shown.size(), 1U);
+  EXPECT_EQ(filter.Voice_Words_Matched_Count, 0);
+}
+
 TEST_F(EngineFilter, YES_and_NO_both_keep_the_word_scan_on) {
   for (const std::string setting : {"YES", "NO"}) {
     Reset_Filter_For_Live(filter, session.results);
@@ -465,6 +548,32 @@ TEST_F(EngineFilter, A_code_above_100_fails_the_engine_table) {
   filter.Engine_Table[100] = "Z";
   Deliver(100);
   EXPECT_TRUE(Failures().empty());
+}
+
+TEST_F(EngineFilter, A_code_above_100_fails_in_the_explode_step_of_Pass_All) {
+  settings.Keep_Engine_Frequency_Input_Flow = "Pass All";
+  Deliver("AB");
+  Deliver(101);
+  EXPECT_EQ(filter.Current_Engine_Code, 101);
+  EXPECT_EQ(filter.Voice_Magic_Elements, "_0_1_101");
+  EXPECT_EQ(filter.Voice_Word_Previous_Table[1], "AB");
+  EXPECT_EQ(filter.Voice_Word_Table[1], "AB");
+  EXPECT_EQ(filter.Current_Voice_Word, "AB");
+  EXPECT_EQ(filter.Voice_Words_Explode_Count, 0);
+  EXPECT_EQ(filter.Voice_Words_Matched_Count, 0);
+}
+
+TEST_F(EngineFilter, A_code_above_100_fails_in_the_explode_step_of_Filter_Same) {
+  settings.Keep_Engine_Frequency_Input_Flow = "Filter Same";
+  Deliver("BB");
+  Deliver(101);
+  EXPECT_EQ(filter.Current_Engine_Code, 101);
+  EXPECT_EQ(filter.Previous_Engine_Category, 101);
+  EXPECT_EQ(filter.Filter_Filled_Slots, 0);
+  EXPECT_EQ(filter.Voice_Magic_Elements, "(0)_1(1)_101");
+  EXPECT_EQ(filter.Current_Voice_Word, "B");
+  EXPECT_EQ(filter.Voice_Words_Explode_Count, 0);
+  EXPECT_EQ(filter.Voice_Words_Matched_Count, 0);
 }
 
 TEST_F(EngineFilter, A_run_of_more_than_1000_slices_fails) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/failures.hpp"
 #include "tests/support/record_builder.hpp"
 #include "tests/support/test_session.hpp"
 
@@ -102,6 +103,16 @@ TEST_F(EngineTable, Any_other_name_is_refused_with_the_message) {
   EXPECT_TRUE(session.trace.failures.empty());
 }
 
+TEST_F(EngineTable, A_failure_in_the_recovery_of_a_refused_name_is_not_caught_again) {
+  session.operations.Stop_And_Recover = [this](Session&) {
+    ++recoveries;
+    Fail(Failure::Device_Failure);
+  };
+  EXPECT_EQ(tests::Failure_Of([&] { Load("a.txt"); }), 57);
+  EXPECT_EQ(recoveries, 1);
+  EXPECT_TRUE(session.trace.failures.empty());
+}
+
 TEST_F(EngineTable, Groups_are_loaded_with_their_padding) {
   Put_Engine_File(test.data_files, "a.EGN", {{0, "_"}, {60, "s"}, {99, "abcdefghijklmnopqrst"}});
   Load("a.EGN");
@@ -116,6 +127,24 @@ TEST_F(EngineTable, Element_100_of_a_file_has_no_effect) {
   Put_Engine_File(test.data_files, "a.EGN", {{100, "from the file"}});
   Load("a.EGN");
   EXPECT_EQ(Entry(100), "before");
+}
+
+TEST_F(EngineTable, Element_100_stays_from_one_file_to_the_next_and_over_the_built_in_table) {
+  Put_Engine_File(test.data_files, "one.EGN", {{99, "one"}, {100, "one"}});
+  Put_Engine_File(test.data_files, "two.EGN", {{99, "two"}, {100, "two"}});
+  Entry(100) = "before";
+  struct Case {
+    std::string name;
+    std::string entry_99;
+  };
+  for (const Case& c : std::vector<Case>{{"one.EGN", Padded("one")},
+                                         {"two.EGN", Padded("two")},
+                                         {"", Padded("two")},  // the built-in table ends at 70
+                                         {"one.EGN", Padded("one")}}) {
+    Load(c.name);
+    EXPECT_EQ(Entry(99), c.entry_99) << c.name;
+    EXPECT_EQ(Entry(100), "before") << c.name;
+  }
 }
 
 TEST_F(EngineTable, Half_a_record_more_counts_by_the_even_number_and_record_1_is_read_either_way) {

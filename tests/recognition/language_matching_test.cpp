@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <random>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/text.hpp"
@@ -151,6 +153,29 @@ TEST_F(LanguageMatching, A_score_that_fits_no_byte_is_an_overflow) {
     Match("s");
     Expect_Failure(6);
   }
+}
+
+TEST_F(LanguageMatching,
+       A_score_that_fits_no_byte_is_in_the_table_that_hosts_read_and_in_no_other) {
+  struct Case {
+    int word_rating;
+    int pattern_rating;
+    int score;
+  };
+  for (const Case c : {Case{255, 374, 256}, {0, -12, -1}, {0, 32767, 16389}, {0, -32768, -16379}}) {
+    results.Platinum_Words_Available = 2;
+    results.Platinum_Rank_Table[3] = 9;
+    Put({Record().Word("a", c.word_rating).Pattern("  s", c.pattern_rating)});
+    const auto before = File();
+    Match("s");
+    EXPECT_EQ(results.Platinum_Words_Available, 3);
+    EXPECT_EQ(Trimmed(results.Platinum_Word_Table[3]), "a");
+    EXPECT_EQ(results.Platinum_Score_Table[3], c.score);
+    EXPECT_EQ(results.Platinum_Rank_Table[3], 9);
+    EXPECT_EQ(results.Language_Matched, 0);
+    EXPECT_EQ(File(), before);
+  }
+  EXPECT_EQ(test.data_files.writes, 0);
 }
 
 TEST_F(LanguageMatching, The_bonus_is_for_a_slot_at_least_as_heavy_as_asked) {
@@ -347,6 +372,29 @@ TEST_F(LanguageMatching, Without_a_file_name_the_user_is_asked_for_one_and_no_ev
   EXPECT_EQ(test.data_files.opens, 0);
 }
 
+TEST_F(LanguageMatching, A_scan_that_does_not_begin_leaves_the_last_match) {
+  struct Case {
+    const char* reason;
+    std::function<void(Session&)> set;
+  };
+  const std::vector<Case> cases = {
+      {"stopped", [](Session& s) { s.settings.Stop_everything_now = "YES"; }},
+      {"no word yet", [](Session& s) { s.flags.File_Run_Active = 1; }},
+      {"no file name", [](Session& s) { s.settings.Consider_this_Lang_File_to_match = ""; }}};
+  for (const Case& c : cases) {
+    tests::TestSession fresh;
+    fresh.session.results.Matched_Record_No = 4;
+    fresh.session.results.Language_Matched = 1;
+    fresh.session.flags.Operation_Status = "Processing...";
+    c.set(fresh.session);
+    Match_Language(fresh.session);
+    EXPECT_EQ(fresh.session.results.Matched_Record_No, 4) << c.reason;
+    EXPECT_EQ(fresh.session.results.Language_Matched, 1) << c.reason;
+    EXPECT_EQ(fresh.session.flags.Operation_Status, "Processing...") << c.reason;
+    EXPECT_EQ(fresh.data_files.opens, 0) << c.reason;
+  }
+}
+
 // The file.
 
 TEST_F(LanguageMatching, A_scan_of_a_new_file_finds_nothing_and_leaves_one_record) {
@@ -377,6 +425,21 @@ TEST_F(LanguageMatching, A_tail_of_more_than_half_a_record_counts_as_a_record) {
     Match("s");
     EXPECT_EQ(session.data.Main_Record_Count, c.count) << c.length;
   }
+}
+
+TEST_F(LanguageMatching, A_file_that_counts_no_record_becomes_record_1_with_the_bytes_that_it_had) {
+  for (const std::size_t length : {1U, 4U, 100U, 4238U}) {
+    Put({Record().Number(7).Word("hello")});
+    File().resize(length);
+    auto expected = File();
+    expected.resize(static_cast<std::size_t>(Record_Bytes));
+    expected[0] = 1;
+    Match("s");
+    EXPECT_EQ(File(), expected) << length;
+    EXPECT_EQ(On_Disk(1).RecordNo(), 1);
+    EXPECT_EQ(results.No_Language_Match, True);
+  }
+  EXPECT_EQ(recoveries, 0);
 }
 
 TEST_F(LanguageMatching, A_torn_last_record_is_scanned_and_made_whole_with_zeros) {
@@ -441,6 +504,91 @@ TEST_F(LanguageMatching, A_record_without_a_number_cannot_be_written_back) {
   Expect_Failure(63);
   EXPECT_EQ(Entered(), Words{"a"});
   EXPECT_EQ(session.flags.Operation_Status, "");
+}
+
+TEST_F(LanguageMatching,
+       An_engine_file_is_too_short_to_count_and_becomes_a_record_without_patterns) {
+  for (const std::size_t length : {2024U, 1500U}) {
+    auto expected = tests::Engine_File({{0, "_"}, {50, "s"}});
+    expected.resize(length);
+    File() = expected;
+    expected.resize(static_cast<std::size_t>(Record_Bytes));
+    Match("s");
+    EXPECT_EQ(File(), expected) << length;
+    EXPECT_EQ(results.No_Language_Match, True);
+    EXPECT_TRUE(session.trace.failures.empty());
+  }
+}
+
+TEST_F(LanguageMatching, A_long_foreign_file_fails_behind_the_last_pattern_and_is_not_written) {
+  std::vector<std::uint8_t> blanks(static_cast<std::size_t>(Record_Bytes), ' ');
+  for (const std::size_t length : {6072U, 8476U}) {
+    File() = blanks;
+    File().resize(length);
+    const auto before = File();
+    session.trace.failures.clear();
+    recoveries = 0;
+    Match("s");
+    Expect_Failure(9);
+    EXPECT_EQ(File(), before) << length;
+    EXPECT_EQ(test.data_files.writes, 0);
+  }
+}
+
+// Files that somebody else writes after a certain read.
+struct SharedFiles final : DataFileStore {
+  DataFileStore& store;
+  int reads = 0;
+  int read_before;
+  std::function<void()> others_write;
+
+  SharedFiles(DataFileStore& under, int read, std::function<void()> write)
+      : store(under), read_before(read), others_write(std::move(write)) {}
+  std::unique_ptr<DataFile> Open(const std::string& name) override;
+};
+
+struct SharedFile final : DataFile {
+  SharedFiles& files;
+  std::unique_ptr<DataFile> file;
+
+  SharedFile(SharedFiles& all, std::unique_ptr<DataFile> opened)
+      : files(all), file(std::move(opened)) {}
+  std::int64_t Length() const override { return file->Length(); }
+  std::int64_t Read(std::int64_t offset, std::span<std::uint8_t> bytes) override {
+    const auto got = file->Read(offset, bytes);
+    if (++files.reads == files.read_before) files.others_write();
+    return got;
+  }
+  void Write(std::int64_t offset, std::span<const std::uint8_t> bytes) override {
+    file->Write(offset, bytes);
+  }
+};
+
+std::unique_ptr<DataFile> SharedFiles::Open(const std::string& name) {
+  return std::make_unique<SharedFile>(*this, store.Open(name));
+}
+
+TEST_F(LanguageMatching, What_others_write_into_the_last_record_during_a_scan_is_seen_and_stays) {
+  struct Case {
+    std::size_t records;
+    int reads;  // before the last record's own: record 1 by itself, and blocks
+  };
+  for (const Case c : {Case{1, 1}, {2, 2}, {3, 2}, {40, 3}}) {
+    std::vector<Record> records(c.records, Record().Word("old").Pattern("  x"));
+    Put(records);
+    records.back() = Record().Word("new").Pattern("  s");
+    SharedFiles files(test.data_files, c.reads, [&] { Put(records); });
+    Session other(Ports{test.events, test.boxes, test.host, test.cues, test.shell, test.riff_files,
+                        test.wave_output, files});
+    other.settings.Consider_this_Lang_File_to_match = "a.SAY";
+    other.filter.Current_Voice_Word = "s";
+    Match_Language(other);
+    EXPECT_EQ(files.reads, c.reads + 1) << c.records;
+    EXPECT_EQ(other.results.Platinum_Best_Table[1], "new") << c.records;
+    const SayRecord last = On_Disk(static_cast<std::int64_t>(c.records));
+    EXPECT_EQ(Trimmed(last.Words(1)), "new") << c.records;
+    EXPECT_EQ(last.LikeProtocols(1), Fixed("s", 100)) << c.records;
+  }
 }
 
 // A file of which only the length is kept: its records are empty but for a number 1.
@@ -571,9 +719,22 @@ TEST_F(LanguageMatching, One_word_more_shows_the_message_and_the_ranking_fails) 
   EXPECT_EQ(box.icon, BoxIcon::None);
   EXPECT_EQ(results.Platinum_Words_Available, 1001);
   EXPECT_EQ(results.Platinum_Word_Table[1000], "valid");
-  EXPECT_EQ(results.Platinum_Word_Font, "");  // the match is not noted
+  EXPECT_EQ(results.Platinum_Word_Font, "MS Sans Serif");  // the match is not noted
   EXPECT_EQ(results.Language_Matched, 0);
   Expect_Failure(9);
+}
+
+TEST_F(LanguageMatching,
+       A_ranking_that_fails_leaves_the_status_of_a_match_over_that_of_the_recovery) {
+  session.operations.Stop_And_Recover = [this](Session& stopped) {
+    ++recoveries;
+    stopped.flags.Operation_Status = "Sleeping";
+  };
+  results.Platinum_Words_Available = 1000;
+  Put({Record().Word("too many").Pattern("s")});
+  Match("s");
+  Expect_Failure(9);
+  EXPECT_EQ(session.flags.Operation_Status, "IntelligentFinish");
 }
 
 TEST_F(LanguageMatching, The_message_comes_once_for_each_further_pattern_that_fits) {
@@ -597,6 +758,18 @@ TEST_F(LanguageMatching, Without_a_match_the_status_stays_and_no_question_is_ask
   EXPECT_EQ(results.Matched_Record_No, 0);
   EXPECT_EQ(session.flags.Operation_Status, "Processing...");
   EXPECT_TRUE(test.boxes.shown.empty());
+}
+
+TEST_F(LanguageMatching, Without_a_match_nothing_is_ranked_although_there_are_words) {
+  results.Platinum_Words_Available = 1;
+  results.Platinum_Rank_Table[1] = 80;
+  results.Platinum_Word_Table[1] = "earlier";
+  results.Platinum_Best_Table[1] = "as it was";
+  results.Best_Word_Index[1] = 5;
+  Put({Record().Word("a").Pattern("x")});
+  Match("s");
+  EXPECT_EQ(results.Platinum_Best_Table[1], "as it was");
+  EXPECT_EQ(results.Best_Word_Index[1], 5);
 }
 
 TEST_F(LanguageMatching, The_question_is_asked_only_when_wanted_and_nothing_is_added_anyway) {

@@ -160,6 +160,26 @@ TEST(LikeMatch, A_hyphen_at_either_end_or_behind_a_range_is_itself) {
               {"a-c", "a-c", true}});
 }
 
+TEST(LikeMatch, A_hyphen_that_is_itself_begins_no_range) {
+  struct ListCase {
+    std::string pattern;
+    std::string listed;
+    std::string others;
+  };
+  for (const ListCase& c : std::vector<ListCase>{{"[--a]", "-a", ".0AZ`b"},
+                                                 {"[a-c--z]", "abc-z", ".dy`{"},
+                                                 {"[!--9]", "./08:a,", "-9"},
+                                                 {"[---a]", "-a", ".0AZ`b"},
+                                                 {"[+--]", "+,-", "*."}}) {
+    for (const char character : c.listed) {
+      EXPECT_TRUE(Like_Match({&character, 1}, c.pattern)) << c.pattern << ' ' << character;
+    }
+    for (const char character : c.others) {
+      EXPECT_FALSE(Like_Match({&character, 1}, c.pattern)) << c.pattern << ' ' << character;
+    }
+  }
+}
+
 TEST(LikeMatch, The_signs_are_themselves_in_a_list) {
   Expect_All({{"*", "[*]", true},
               {"a", "[*]", false},
@@ -222,6 +242,23 @@ TEST(LikeMatch, A_hundred_stars_against_a_long_text_come_to_an_end) {
   EXPECT_TRUE(Like_Match(std::string(20'000, 'a') + "b", pattern + "*b"));
 }
 
+TEST(LikeMatch, A_prepared_text_keeps_nothing_of_the_pattern_before) {
+  LikeText text(std::string(130, 'a'));
+  for (const std::string misfit : {"", "?", "a", "[a]", "a?", "b*", "[!a]*", "#"}) {
+    EXPECT_TRUE(text.Fits("*"));  // it reaches every place
+    EXPECT_FALSE(text.Fits(misfit)) << misfit;
+  }
+}
+
+TEST(LikeMatch, A_list_that_excludes_takes_nothing_behind_the_end_of_the_text) {
+  for (const std::size_t length : {62U, 63U, 64U, 127U}) {
+    LikeText text("b" + std::string(length - 1, 'a'));
+    EXPECT_FALSE(text.Fits(std::string(length, '?') + "[!c]*")) << length;
+    EXPECT_FALSE(text.Fits("bb*")) << length;  // and spoils nothing for the next pattern
+    EXPECT_TRUE(text.Fits("ba*")) << length;
+  }
+}
+
 TEST(LikeMatch, One_prepared_text_serves_many_patterns) {
   LikeText text("fthjjs");
   EXPECT_TRUE(text.Fits("fth*s"));
@@ -258,29 +295,43 @@ TEST(LikeMatch, It_agrees_with_the_plain_definition_on_generated_patterns) {
   EXPECT_GT(bad, 10'000);
 }
 
-TEST(LikeMatch, It_agrees_with_the_plain_definition_on_long_texts) {
-  std::mt19937 random(2);
-  for (int i = 0; i < 5'000; ++i) {
-    const std::string text = Random_Text(random, "abs", 150);
-    std::string pattern = text;
-    for (int change = 0; change < 4 && !pattern.empty(); ++change) {
-      const std::string_view signs = "*?[as";
-      const std::size_t at = random() % pattern.size();
-      const char sign = signs[random() % signs.size()];
-      if (sign == '*') {
-        pattern.replace(at, random() % 40, "*");
-      } else if (sign == '[') {
-        pattern.replace(at, 1, "[!s]");
-      } else {
-        pattern[at] = sign;
-      }
+// The text with some of its characters changed for signs.
+std::string Changed(std::mt19937& random, std::string pattern) {
+  for (auto change = random() % 5; change > 0 && !pattern.empty(); --change) {
+    const std::string_view signs = "*?[-s";
+    const std::size_t at = random() % pattern.size();
+    const char sign = signs[random() % signs.size()];
+    if (sign == '*') {
+      pattern.replace(at, random() % 40, "*");
+    } else if (sign == '[') {
+      pattern.replace(at, 1, "[!s]");
+    } else if (sign == '-') {
+      pattern.replace(at, 1, "[--a-b]");
+    } else {
+      pattern[at] = sign;
     }
-    bool plain = false;
-    bool fast = false;
-    const int failure = Failure_Of([&] { plain = Plain_Like_Match(text, pattern); });
-    ASSERT_EQ(Failure_Of([&] { fast = Like_Match(text, pattern); }), failure) << pattern;
-    ASSERT_EQ(fast, plain) << '"' << text << "\" \"" << pattern << '"';
   }
+  return pattern;
+}
+
+TEST(LikeMatch, It_agrees_with_the_plain_definition_on_long_prepared_texts) {
+  std::mt19937 random(2);
+  int fitting = 0;
+  for (int i = 0; i < 600; ++i) {
+    const std::string text = std::string(64, 'b') + Random_Text(random, "abs-", 130);
+    LikeText prepared(text);
+    for (int test = 0; test < 10; ++test) {
+      const std::string pattern = Changed(random, text);
+      bool plain = false;
+      bool fast = false;
+      const int failure = Failure_Of([&] { plain = Plain_Like_Match(text, pattern); });
+      ASSERT_EQ(Failure_Of([&] { fast = prepared.Fits(pattern); }), failure) << pattern;
+      ASSERT_EQ(fast, plain) << '"' << text << "\" \"" << pattern << '"';
+      fitting += plain ? 1 : 0;
+    }
+  }
+  EXPECT_GT(fitting, 1'000);
+  EXPECT_LT(fitting, 5'000);
 }
 
 }  // namespace

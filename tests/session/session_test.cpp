@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "tests/support/test_session.hpp"
 
@@ -124,19 +127,128 @@ TEST(DesignEnvironment, A_failure_while_asking_leaves_the_answer_false) {
   EXPECT_NE(session.flags.Design_Environment_Tested, 0);
 }
 
+struct InitialText {
+  const char* name;
+  std::string value;
+  std::string initial;
+};
+
+std::vector<InitialText> Texts_Of(const Session& session) {
+  const Settings& settings = session.settings;
+  return {
+      {"Stop_everything_now", settings.Stop_everything_now, "NO"},
+      {"Add_To_Language", settings.Add_To_Language, "NO"},
+      {"Always_Restart_on_Error", settings.Always_Restart_on_Error, "NO"},
+      {"Consider_this_Engine_for_Recognition", settings.Consider_this_Engine_for_Recognition, ""},
+      {"Consider_this_Lang_File_to_Add", settings.Consider_this_Lang_File_to_Add, "UserTemp.SAY"},
+      {"Consider_this_Lang_File_to_match", settings.Consider_this_Lang_File_to_match,
+       "UserTemp.SAY"},
+      {"Direct_Add_Enabled", settings.Direct_Add_Enabled, "NO"},
+      {"Enable_Artificial_Intelligence", settings.Enable_Artificial_Intelligence, "YES"},
+      {"Enable_Speech_Engine", settings.Enable_Speech_Engine, "YES"},
+      {"Explode_out_all_Engine", settings.Explode_out_all_Engine, "YES"},
+      {"Filter_Slot_Data", session.filter.Filter_Slot_Table[0], ""},
+      {"I_want_Status_Animation", settings.I_want_Status_Animation, "NO"},
+      {"Keep_Digital_Signal_Processing_level", settings.Keep_Digital_Signal_Processing_level, ""},
+      {"Keep_Engine_Frequency_Input_Flow", settings.Keep_Engine_Frequency_Input_Flow, "Filter All"},
+      {"Memory_Clean", settings.Memory_Clean, "YES"},
+      {"Notify_if_no_language_match", settings.Notify_if_no_language_match, "NO"},
+      {"Open_this_Wave_File", settings.Open_this_Wave_File, ""},
+      {"Operation_Status", session.flags.Operation_Status, ""},
+      {"Platinum_Words", session.results.Platinum_Word_Table[1], ""},
+      {"Platinum_Word_Best", session.results.Platinum_Best_Table[1], ""},
+      {"Platinum_Word_Second_Best", session.results.Platinum_Best_Table[2], ""},
+      {"Platinum_Word_Third_Best", session.results.Platinum_Best_Table[3], ""},
+      {"Platinum_Word_Fourth_Best", session.results.Platinum_Best_Table[4], ""},
+      {"Platinum_Word_Fifth_Best", session.results.Platinum_Best_Table[5], ""},
+      {"Platinum_Word_Sixth_Best", session.results.Platinum_Best_Table[6], ""},
+      {"Platinum_Word_Seventh_Best", session.results.Platinum_Best_Table[7], ""},
+      {"Platinum_Word_Font", session.results.Platinum_Word_Font, "MS Sans Serif"},
+      {"Play_this_file_for_Start", settings.Play_this_file_for_Start, "start.wav"},
+      {"Play_this_file_for_Stop", settings.Play_this_file_for_Stop, "stop.wav"},
+      {"Play_this_file_on_Initialization", settings.Play_this_file_on_Initialization, "backon.wav"},
+      {"Send_words_one_by_one", settings.Send_words_one_by_one, "YES"},
+      {"Show_Audio_Graph", settings.Show_Audio_Graph, "YES"},
+      {"Show_this_Image_for_Start", settings.Show_this_Image_for_Start, ""},
+      {"Show_this_Image_for_Stop", settings.Show_this_Image_for_Stop, ""},
+      {"Speech_echo_feature", settings.Speech_echo_feature, "NO"},
+      {"This_Audio_Process", settings.This_Audio_Process, "YES"},
+      {"This_speech_sample_process_Start_only", settings.This_speech_sample_process_Start_only,
+       "NO"},
+      {"This_speech_sample_process_middle_only", settings.This_speech_sample_process_middle_only,
+       "NO"},
+      {"This_speech_sample_process_end_only", settings.This_speech_sample_process_end_only, "NO"},
+      {"Voice_Magic_Elements", session.filter.Voice_Magic_Elements, ""},
+      {"Voice_Word", session.filter.Voice_Word_Table[1], ""},
+      {"Voice_Word_Matched", session.filter.Voice_Word_Matched_Table[0], ""},
+      {"Words_I_Want", settings.Words_I_Want[1], "*"},
+  };
+}
+
+struct InitialNumber {
+  const char* name;
+  std::int64_t value;
+  std::int64_t initial;
+};
+
+std::vector<InitialNumber> Numbers_Of(const Session& session) {
+  const Settings& settings = session.settings;
+  const WordTables& words = session.words;
+  const Filter& filter = session.filter;
+  return {
+      {"Current_Processings_Available", words.Current_Processings_Available, 0},
+      {"Current_Vyanjana_no_Processed", words.Current_Vyanjana_no_Processed, 0},
+      {"Current_Word_no_Processed", words.Current_Word_no_Processed, 0},
+      {"Digital_Signal_Processing_Level", settings.Digital_Signal_Processing_Level, 128},
+      {"Direct_Add", settings.Direct_Add, 0},
+      {"Engine_Category", session.slice.Engine_Category, 0},
+      {"Engine_Category_Weight", filter.Engine_Category_Weight, 0},
+      {"Engine_Explode_Limit", settings.Engine_Explode_Limit, 10},
+      {"Filter_Filled_Slots", filter.Filter_Filled_Slots, 0},
+      {"Filter_Pass_Value", settings.Filter_Pass_Value, 1},
+      {"Filter_Slot_Data_Weight", filter.Filter_Weight_Table[0], 0},
+      {"No_of_Processings", words.No_of_Processings, 0},
+      {"Noise_Sensitivity", settings.Noise_Sensitivity, 3},
+      {"Noise_Word_No_CutOff", settings.Noise_Word_No_CutOff, 4},
+      {"Platinum_Word_Percentage", session.results.Platinum_Score_Table[0], 0},
+      {"Platinum_Words_Available", session.results.Platinum_Words_Available, 0},
+      {"Probable_no_of_words_recognized", words.Probable_no_of_words_recognized, 0},
+      {"Sample_Overlap_Bytes", settings.Sample_Overlap_Bytes, 0},
+      {"Sample_processing_resolution", settings.Sample_processing_resolution, 500},
+      {"Samples_Per_Capture", session.sample.Samples_Per_Capture, 154350},
+      {"Send_of_no", settings.Send_of_no, 0},
+      {"Set_Recording_Frequency", settings.Set_Recording_Frequency, 22050},
+      {"Settings_Ready_Count", session.flags.Settings_Ready_Count, 2},
+      {"Speech_sampling_time_in_ms", settings.Speech_sampling_time_in_ms, 7000},
+      {"Voice_Capture_Delay", settings.Voice_Capture_Delay, 5},
+      {"Voice_Processing_Delay", settings.Voice_Processing_Delay, 15000},
+      {"Voice_Words_Explode_Count", filter.Voice_Words_Explode_Count, 0},
+      {"Voice_Words_Matched_Count", filter.Voice_Words_Matched_Count, 0},
+      {"Words_I_Check", filter.Word_Check_Flags[0], 0},
+      {"Words_to_Scan", settings.Words_to_Scan, 1},
+      {"Words_to_Scan_Start", settings.Words_to_Scan_Start, 0},  // until Words_to_Scan is set
+  };
+}
+
 TEST(Session, A_new_one_has_the_values_of_a_new_control) {
   TestSession test;
+  for (const InitialText& text : Texts_Of(test.session)) {
+    EXPECT_EQ(text.value, text.initial) << text.name;
+  }
+  for (const InitialNumber& number : Numbers_Of(test.session)) {
+    EXPECT_EQ(number.value, number.initial) << number.name;
+  }
+}
+
+TEST(Session, A_new_one_is_not_started_and_wants_one_word_pattern_only) {
+  TestSession test;
   const Session& session = test.session;
-  EXPECT_EQ(session.settings.Stop_everything_now, "NO");
-  EXPECT_EQ(session.settings.Digital_Signal_Processing_Level, 128);
-  EXPECT_EQ(session.settings.Noise_Sensitivity, 3);
-  EXPECT_EQ(session.settings.Noise_Word_No_CutOff, 4);
-  EXPECT_EQ(session.settings.Sample_processing_resolution, 500);
-  EXPECT_EQ(session.settings.Words_I_Want[1], "*");
-  EXPECT_EQ(session.sample.Samples_Per_Capture, 154350);
-  EXPECT_EQ(session.flags.Operation_Status, "");
   EXPECT_EQ(session.flags.Session_Started, 0);
-  EXPECT_EQ(session.flags.Settings_Ready_Count, 2);
+  EXPECT_EQ(session.flags.Session_Alive, 0);
+  EXPECT_EQ(session.flags.File_Run_Active, 0);
+  for (int j = 0; j <= 100; ++j) {
+    EXPECT_EQ(session.settings.Words_I_Want[j], j == 1 ? "*" : "") << j;
+  }
 }
 
 TEST(Session, Only_an_exact_YES_stops_everything) {

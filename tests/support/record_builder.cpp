@@ -78,6 +78,14 @@ std::vector<std::uint8_t> Engine_File(const Groups& groups) {
   return {record.Bytes().begin(), record.Bytes().end()};
 }
 
+Groups All_Groups(std::string_view letters) {
+  Groups groups;
+  for (int category = 0; category <= EgnRecord::Last_Slot; ++category) {
+    groups.emplace_back(category, letters);
+  }
+  return groups;
+}
+
 void Put_Engine_File(headless::DataFileStore& store, const std::string& name,
                      const Groups& groups) {
   store.files[name] = Engine_File(groups);

@@ -45,6 +45,8 @@ datafiles::SayRecord Language_Record(const headless::DataFileStore& store, const
 // An engine file of one record with these groups by category; the others are blank.
 using Groups = std::vector<std::pair<int, std::string_view>>;
 std::vector<std::uint8_t> Engine_File(const Groups& groups);
+// Every category with the same letters.
+Groups All_Groups(std::string_view letters);
 void Put_Engine_File(headless::DataFileStore& store, const std::string& name, const Groups& groups);
 
 // Category 0 stands for the first of the letters, 1 for the second, and so on.
