@@ -28,7 +28,7 @@ int main(int count, char** arguments) {
   qs::linux::DataFileStore data_files;
   const auto session = std::make_unique<qs::Session>(
       qs::Ports{events, boxes, host, cues, shell, riff_files, wave_output, data_files});
-  qs::Connect_Operations(*session);
+  qs::Prepare_Session(*session);
 
   // Each setting has the name and the initial value that it has in the control.
   qs::Settings& settings = session->settings;

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "base/checked.hpp"
+
 namespace quillspeech {
 
 void Pad_With_Silence(Sample& sample, int milliseconds) {
@@ -11,7 +13,7 @@ void Pad_With_Silence(Sample& sample, int milliseconds) {
   const std::int64_t block = std::max<std::int64_t>(sample.Wave_Format.block_alignment, 1);
   const std::int64_t rate = sample.Wave_Format.average_bytes_per_second;
   const std::int64_t sound = sample.Samples_Per_Capture;
-  const std::int64_t whole = milliseconds * rate / 1000 / block * block;
+  const std::int64_t whole = Narrow<std::int32_t>(milliseconds * rate / 1000 / block * block);
   if (sound >= whole) return;
   const std::int64_t front = (whole - sound) / 2 / block * block;
 

@@ -240,8 +240,7 @@ void Check_Count(DataFileKind kind, std::int64_t count, const Reporter& reporter
 
 // A counted torn record is checked as a reader reads it.
 template <class Record>
-void Check_Records(std::span<const std::uint8_t> bytes, std::int64_t count,
-                   Reporter& reporter) {
+void Check_Records(std::span<const std::uint8_t> bytes, std::int64_t count, Reporter& reporter) {
   Record record;
   for (std::int64_t position = 1; position <= count; ++position) {
     const auto stored = bytes.first(std::min<std::size_t>(bytes.size(), Record::Record_Bytes));

@@ -94,7 +94,7 @@ std::optional<std::string> Word_For_Record(const std::string& typed, std::ostrea
   return std::nullopt;
 }
 
-// The language file, open for the record of one word.
+// The language file, open for the record of one word and held against others who learn.
 class Lesson {
  public:
   Lesson(const LearnOptions& options, const std::string& word) : options_(options), word_(word) {
@@ -133,7 +133,7 @@ class Lesson {
  private:
   const LearnOptions& options_;
   std::string word_;
-  linux::DataFileStore store_;
+  linux::DataFileStore store_{linux::DataFileStore::Locking::Held};
   RecordFile file_;
   FoundRecord found_;
   int added_ = 0;

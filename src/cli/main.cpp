@@ -7,6 +7,7 @@
 
 #include "cli/command_line.hpp"
 #include "cli/interrupt_watch.hpp"
+#include "cli/standard_descriptors.hpp"
 
 namespace {
 
@@ -21,6 +22,7 @@ bool Is_Colour_Wanted() {
 
 int main(int count, char** arguments) {
   using namespace quillspeech::cli;
+  Fill_Standard_Descriptors();
   const InterruptWatch interrupts;
   InterruptibleInput bytes(STDIN_FILENO, interrupts);
   std::istream input(&bytes);

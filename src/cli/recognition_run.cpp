@@ -14,7 +14,7 @@ namespace quillspeech::cli {
 RecognitionRun::RecognitionRun(const RunOptions& options, std::shared_ptr<AngleTables> angle_tables)
     : options_(options), on_files_(std::make_unique<SessionOnFiles>()) {
   Session& session = on_files_->session;
-  Connect_Operations(session);
+  Prepare_Session(session);
   session.slice.angle_tables = std::move(angle_tables);
   Apply_Options(options, session);
   on_files_->boxes.shown.clear();  // what the settings had to say was said before the run
@@ -56,23 +56,6 @@ void RecognitionRun::Recognize(const std::string& file) {
 }
 
 namespace {
-
-// As a start leaves a session that was ready for one.
-void Begin_Session(Session& session) {
-  Reset_Results(session);
-  session.settings.Stop_everything_now = "NO";
-  session.flags.Stopped_Marker = 0;
-  session.flags.Stopped_Text = "NO";
-  session.flags.Session_Started = 1;
-  session.flags.Operation_Status = "Sleeping";
-  if (session.settings.Set_Recording_Frequency < 1) {
-    session.settings.Set_Recording_Frequency = 22050;
-  }
-  session.ports.events.Enable(FormTimer::Timer5, true);
-  session.ports.events.Enable(FormTimer::Timer3, false);
-  session.flags.Capture_Busy = 0;
-  session.flags.Session_Alive = True;
-}
 
 // The recorder's buffer is longer than the capture by the level, and was never reached there.
 void Shape_As_Capture(Session& session) {

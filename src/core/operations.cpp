@@ -1,5 +1,7 @@
 #include "core/operations.hpp"
 
+#include <cstdint>
+
 #include "analysis/file_analysis.hpp"
 #include "analysis/recovery.hpp"
 #include "audio/wave_reader.hpp"
@@ -36,9 +38,26 @@ void Process_Wave_File(Session& session) {
 
 }  // namespace
 
-void Connect_Operations(Session& session) {
+void Prepare_Session(Session& session) {
   session.operations.Stop_And_Recover = Stop_And_Recover;
   Load_Default_Engine_Table(session);
+}
+
+void Begin_Session(Session& session) {
+  constexpr std::int64_t Default_Frequency = 22050;
+  Reset_Results(session);  // the file run ends with them
+  session.settings.Stop_everything_now = "NO";
+  session.flags.Stopped_Marker = 0;
+  session.flags.Stopped_Text = "NO";
+  session.flags.Session_Started = 1;
+  session.flags.Operation_Status = "Sleeping";
+  if (session.settings.Set_Recording_Frequency < 1) {
+    session.settings.Set_Recording_Frequency = Default_Frequency;
+  }
+  session.ports.events.Enable(FormTimer::Timer5, true);
+  session.ports.events.Enable(FormTimer::Timer3, false);
+  session.flags.Capture_Busy = 0;
+  session.flags.Session_Alive = True;
 }
 
 void Open_Specified_Wave_File_And_Process(Session& session) {

@@ -5,9 +5,16 @@
 
 namespace quillspeech {
 
-// Makes a new session ready: fills in the operations that the floors of the recogniser own, and the
-// engine table with the built-in groups, which stand until an engine is loaded.
-void Connect_Operations(Session& session);
+// Prepares a new session, once and before anything else: fills in the operations that the floors of
+// the recogniser own, and the engine table with the built-in groups, which stand until an engine is
+// loaded.
+void Prepare_Session(Session& session);
+
+// Leaves the session as every start of live work begins: no results, no stop, no capture under way,
+// "Sleeping" and alive. The capture clock is armed (Timer5 on, Timer3 off; Timer1 stays as it is)
+// and a missing recording frequency becomes 22,050 Hz. Whether the session may start at all, and
+// whom to tell, is the caller's.
+void Begin_Session(Session& session);
 
 // Reads the file named by Open_this_Wave_File and runs the file analysis over it, unless one of the
 // session's timers is on: a live session shuts files out, without a message. A failure ends the

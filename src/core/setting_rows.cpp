@@ -112,17 +112,16 @@ std::int64_t Number_32_In(std::string_view text) { return Round_To_32(Number_In(
 enum class Change { Announced, Silent };
 
 // The member's own width first, then the width of what is stored.
-template <auto field, MemberType type, Change change>
+template <auto field, auto number_in, Change change>
 SetResult Store_Number(const SetCall& call) {
-  call.session.settings.*field =
-      type == MemberType::Number16 ? Number_16_In(call.text) : Number_32_In(call.text);
+  call.session.settings.*field = number_in(call.text);
   if (change == Change::Announced) call.Announce();
   return SetResult::Done;
 }
 
-template <auto field, MemberType type, Change change = Change::Announced>
+template <auto field, auto number_in, Change change = Change::Announced>
 SetResult Store_Tested_Number(const SetCall& call) {
-  if (Text_To_Number(call.text)) return Store_Number<field, type, change>(call);
+  if (Text_To_Number(call.text)) return Store_Number<field, number_in, change>(call);
   // One message has its own spelling of the name.
   const std::string_view spelled =
       call.name == "Voice_Processing_Delay" ? "Voice_processing_Delay" : call.name;
@@ -132,11 +131,11 @@ SetResult Store_Tested_Number(const SetCall& call) {
 }
 
 template <auto field>
-constexpr auto Plain_16 = Store_Number<field, MemberType::Number16, Change::Announced>;
+constexpr auto Plain_16 = Store_Number<field, Number_16_In, Change::Announced>;
 template <auto field, Change change = Change::Announced>
-constexpr auto Tested_16 = Store_Tested_Number<field, MemberType::Number16, change>;
+constexpr auto Tested_16 = Store_Tested_Number<field, Number_16_In, change>;
 template <auto field, Change change = Change::Announced>
-constexpr auto Tested_32 = Store_Tested_Number<field, MemberType::Number32, change>;
+constexpr auto Tested_32 = Store_Tested_Number<field, Number_32_In, change>;
 
 SetResult Set_Words_To_Scan(const SetCall& call) {
   const auto last = Number_32_In(call.text);
@@ -251,22 +250,19 @@ SetResult Set_Play_File(const SetCall& call) {
 // The table.
 
 using S = Settings;
-constexpr auto Text = MemberType::Text;
-constexpr auto Number16 = MemberType::Number16;
-constexpr auto Number32 = MemberType::Number32;
 
 template <std::string Settings::*field>
 constexpr Member Switch_That_Keeps(std::string_view name) {
-  return {name, Text, Text_Of<field>, Keep_Unless_Yes_Or_No<field>};
+  return {name, Text_Of<field>, Keep_Unless_Yes_Or_No<field>};
 }
 template <std::string Settings::*field>
 constexpr Member File_Name(std::string_view name) {
-  return {name, Text, Text_Of<field>, Store_Trimmed<field>};
+  return {name, Text_Of<field>, Store_Trimmed<field>};
 }
 
 constexpr auto Setting_Rows = std::to_array<Member>({
     // Switches.
-    {"Stop_everything_now", Text, Untrimmed_Text_Of<&S::Stop_everything_now>,
+    {"Stop_everything_now", Untrimmed_Text_Of<&S::Stop_everything_now>,
      Keep_Unless_Yes_Or_No<&S::Stop_everything_now>},
     Switch_That_Keeps<&S::Send_words_one_by_one>("Send_words_one_by_one"),
     Switch_That_Keeps<&S::This_Audio_Process>("This_Audio_Process"),
@@ -278,66 +274,63 @@ constexpr auto Setting_Rows = std::to_array<Member>({
         "This_speech_sample_process_middle_only"),
     Switch_That_Keeps<&S::This_speech_sample_process_end_only>(
         "This_speech_sample_process_end_only"),
-    {"Always_Restart_on_Error", Text, Text_Of<&S::Always_Restart_on_Error>,
+    {"Always_Restart_on_Error", Text_Of<&S::Always_Restart_on_Error>,
      Yes_Unless_No<&S::Always_Restart_on_Error>},
-    {"I_want_Status_Animation", Text, Text_Of<&S::I_want_Status_Animation>,
+    {"I_want_Status_Animation", Text_Of<&S::I_want_Status_Animation>,
      Yes_Unless_No<&S::I_want_Status_Animation>},
-    {"Enable_Speech_Engine", Text, Text_Of<&S::Enable_Speech_Engine>,
+    {"Enable_Speech_Engine", Text_Of<&S::Enable_Speech_Engine>,
      Yes_Unless_No<&S::Enable_Speech_Engine>},
-    {"Explode_out_all_Engine", Text, Text_Of<&S::Explode_out_all_Engine>,
+    {"Explode_out_all_Engine", Text_Of<&S::Explode_out_all_Engine>,
      No_Unless_Yes<&S::Explode_out_all_Engine>},
-    {"Notify_if_no_language_match", Text, Text_Of<&S::Notify_if_no_language_match>,
+    {"Notify_if_no_language_match", Text_Of<&S::Notify_if_no_language_match>,
      No_Unless_Yes<&S::Notify_if_no_language_match>},
-    {"Enable_Artificial_Intelligence", Text, Text_Of<&S::Enable_Artificial_Intelligence>,
+    {"Enable_Artificial_Intelligence", Text_Of<&S::Enable_Artificial_Intelligence>,
      No_Unless_Yes<&S::Enable_Artificial_Intelligence>},
-    {"Add_To_Language", Text, Text_Of<&S::Add_To_Language>, No_Unless_Yes<&S::Add_To_Language>},
-    {"Keep_Engine_Frequency_Input_Flow", Text, Text_Of<&S::Keep_Engine_Frequency_Input_Flow>,
+    {"Add_To_Language", Text_Of<&S::Add_To_Language>, No_Unless_Yes<&S::Add_To_Language>},
+    {"Keep_Engine_Frequency_Input_Flow", Text_Of<&S::Keep_Engine_Frequency_Input_Flow>,
      Set_Input_Flow},
-    {"Keep_Digital_Signal_Processing_level", Text,
-     Text_Of<&S::Keep_Digital_Signal_Processing_level>, Set_Processing_Level},
-    {"Memory_Clean", Text, Text_Of<&S::Memory_Clean>, Set_Memory_Clean},
-    {"On_speech_show_activities", Text, Yes_Always, Set_Show_Activities},
+    {"Keep_Digital_Signal_Processing_level", Text_Of<&S::Keep_Digital_Signal_Processing_level>,
+     Set_Processing_Level},
+    {"Memory_Clean", Text_Of<&S::Memory_Clean>, Set_Memory_Clean},
+    {"On_speech_show_activities", Yes_Always, Set_Show_Activities},
 
     // Numbers.
-    {"Sample_Overlap_Bytes", Number16, Number_Of<&S::Sample_Overlap_Bytes>,
+    {"Sample_Overlap_Bytes", Number_Of<&S::Sample_Overlap_Bytes>,
      Plain_16<&S::Sample_Overlap_Bytes>},
-    {"Noise_Sensitivity", Number16, Number_Of<&S::Noise_Sensitivity>,
-     Plain_16<&S::Noise_Sensitivity>},
-    {"Filter_Pass_Value", Number16, Number_Of<&S::Filter_Pass_Value>,
+    {"Noise_Sensitivity", Number_Of<&S::Noise_Sensitivity>, Plain_16<&S::Noise_Sensitivity>},
+    {"Filter_Pass_Value", Number_Of<&S::Filter_Pass_Value>,
      Tested_16<&S::Filter_Pass_Value, Change::Silent>},
-    {"Noise_Word_No_CutOff", Number16, Number_Of<&S::Noise_Word_No_CutOff>,
+    {"Noise_Word_No_CutOff", Number_Of<&S::Noise_Word_No_CutOff>,
      Tested_16<&S::Noise_Word_No_CutOff>},
-    {"Voice_Capture_Delay", Number32, Number_Of<&S::Voice_Capture_Delay>,
-     Tested_32<&S::Voice_Capture_Delay>},
-    {"Engine_Explode_Limit", Number32, Number_Of<&S::Engine_Explode_Limit>,
+    {"Voice_Capture_Delay", Number_Of<&S::Voice_Capture_Delay>, Tested_32<&S::Voice_Capture_Delay>},
+    {"Engine_Explode_Limit", Number_Of<&S::Engine_Explode_Limit>,
      Tested_32<&S::Engine_Explode_Limit, Change::Silent>},
-    {"Voice_Processing_Delay", Number32, Number_Of<&S::Voice_Processing_Delay>,
+    {"Voice_Processing_Delay", Number_Of<&S::Voice_Processing_Delay>,
      Tested_32<&S::Voice_Processing_Delay>},
-    {"Send_of_no", Number32, Number_Of<&S::Send_of_no>, Tested_32<&S::Send_of_no>},
-    {"Sample_processing_resolution", Number16, Number_Of<&S::Sample_processing_resolution>,
+    {"Send_of_no", Number_Of<&S::Send_of_no>, Tested_32<&S::Send_of_no>},
+    {"Sample_processing_resolution", Number_Of<&S::Sample_processing_resolution>,
      Tested_16<&S::Sample_processing_resolution>},
-    {"Words_to_Scan", Number32, Number_Of<&S::Words_to_Scan>, Set_Words_To_Scan},
-    {"Direct_Add", Number16, Number_Of<&S::Direct_Add>, Set_Direct_Add},
-    {"Set_Recording_Frequency", Number32, Number_Of<&S::Set_Recording_Frequency>, Set_Frequency},
-    {"Speech_sampling_time_in_ms", Number32, Number_Of<&S::Speech_sampling_time_in_ms>,
-     Set_Sampling_Time},
+    {"Words_to_Scan", Number_Of<&S::Words_to_Scan>, Set_Words_To_Scan},
+    {"Direct_Add", Number_Of<&S::Direct_Add>, Set_Direct_Add},
+    {"Set_Recording_Frequency", Number_Of<&S::Set_Recording_Frequency>, Set_Frequency},
+    {"Speech_sampling_time_in_ms", Number_Of<&S::Speech_sampling_time_in_ms>, Set_Sampling_Time},
 
     // Texts and file names.
-    {"Words_I_Want", Text, Words_I_Want_Of, Set_Words_I_Want},
-    {"Consider_this_Engine_for_Recognition", Text,
-     Text_Of<&S::Consider_this_Engine_for_Recognition>, Set_Engine_File},
-    {"Consider_this_Lang_File_to_Add", Text, Text_Of<&S::Consider_this_Lang_File_to_Add>,
+    {"Words_I_Want", Words_I_Want_Of, Set_Words_I_Want},
+    {"Consider_this_Engine_for_Recognition", Text_Of<&S::Consider_this_Engine_for_Recognition>,
+     Set_Engine_File},
+    {"Consider_this_Lang_File_to_Add", Text_Of<&S::Consider_this_Lang_File_to_Add>,
      Set_Language_File_To_Add},
-    {"Consider_this_Lang_File_to_match", Text, Text_Of<&S::Consider_this_Lang_File_to_match>,
+    {"Consider_this_Lang_File_to_match", Text_Of<&S::Consider_this_Lang_File_to_match>,
      Set_Language_File_To_Match},
-    {"Open_this_Wave_File", Text, Untrimmed_Text_Of<&S::Open_this_Wave_File>,
+    {"Open_this_Wave_File", Untrimmed_Text_Of<&S::Open_this_Wave_File>,
      Store_Trimmed<&S::Open_this_Wave_File>},
     File_Name<&S::Show_this_Image_for_Start>("Show_this_Image_for_Start"),
     File_Name<&S::Show_this_Image_for_Stop>("Show_this_Image_for_Stop"),
     File_Name<&S::Play_this_file_for_Start>("Play_this_file_for_Start"),
     File_Name<&S::Play_this_file_for_Stop>("Play_this_file_for_Stop"),
     File_Name<&S::Play_this_file_on_Initialization>("Play_this_file_on_Initialization"),
-    {"Play_File", Text, Play_File_Of, Set_Play_File},
+    {"Play_File", Play_File_Of, Set_Play_File},
 });
 
 }  // namespace

@@ -39,11 +39,8 @@ struct SetCall {
   void Announce() const { instance.Property_Changed(name); }
 };
 
-enum class MemberType { Text, Number16, Number32 };
-
 struct Member {
   std::string_view name;
-  MemberType type;  // in the interface; what is stored may be wider or narrower
   std::string (*get)(Session&, ControlInstance&);
   SetResult (*set)(const SetCall&);  // null for a result
 };

@@ -18,8 +18,9 @@
 
 namespace quillspeech {
 
-// With the values of a new control, but for the engine table: it is empty until the operations are
-// connected or an engine is loaded.
+// With the values of a new control, but for the engine table: it is empty until the session is
+// prepared or an engine is loaded. Some 240 KB before any sound, most of it tables of texts: mind
+// small stacks.
 struct Session {
   explicit Session(const Ports& platform);
   Session(const Session&) = delete;

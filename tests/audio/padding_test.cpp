@@ -71,5 +71,13 @@ TEST(PadWithSilence, Bytes_that_the_file_lacks_give_way_to_silence) {
   EXPECT_EQ(Bytes_Of(sample), (Values{128, 128, 128, 1, 2, 128, 128, 128}));
 }
 
+TEST(PadWithSilence, A_result_beyond_32_bits_is_an_overflow_that_takes_no_memory) {
+  Sample sample = Sample_Of(3, tests::Pcm(1, 8, 8000));
+  EXPECT_EQ(tests::Failure_Number([&] { Pad_With_Silence(sample, 268'435'456); }), 6);  // 2^31
+  EXPECT_EQ(Bytes_Of(sample), (Values{1, 2, 3}));
+  EXPECT_EQ(sample.Samples_Per_Capture, 3);
+  EXPECT_EQ(sample.Wave_Header_Buffer_Length, 3);
+}
+
 }  // namespace
 }  // namespace quillspeech

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/analysis_session.hpp"
@@ -96,18 +97,123 @@ TEST(OpenSpecifiedWaveFile, A_failure_ends_it_silently_and_without_a_recovery) {
   EXPECT_EQ(test.session.trace.failures, std::vector<int>{7});
 }
 
-TEST(ConnectOperations, A_failure_in_the_analysis_reaches_the_recovery) {
+// A session with the traces of a stopped one that had results.
+struct StoppedSession : AnalysisSession {
+  StoppedSession() {
+    session.settings.Stop_everything_now = "YES";
+    session.flags.File_Run_Active = 1;
+    session.flags.Stopped_Marker = 1;
+    session.flags.Stopped_Text = "YES";
+    session.flags.Operation_Status = "Finish";
+    session.flags.Capture_Busy = 1;
+    for (const FormTimer timer : {FormTimer::Timer1, FormTimer::Timer3}) {
+      events.Enable(timer, true);
+    }
+  }
+  StoppedSession& Begin() {
+    Begin_Session(session);
+    return *this;
+  }
+};
+
+TEST(BeginSession, It_clears_the_results_and_ends_a_file_run) {
+  StoppedSession test;
+  Results& results = test.session.results;
+  results.Platinum_Words_Available = 1;
+  results.Platinum_Word_Table[1] = "hello";
+  results.Platinum_Score_Table[1] = 80;
+  results.Platinum_Best_Table[1] = "hello";
+  results.Platinum_Word_Font = "Courier";
+  test.Begin();
+  EXPECT_EQ(results.Platinum_Words_Available, 0);
+  EXPECT_EQ(results.Platinum_Word_Table[1], "");
+  EXPECT_EQ(results.Platinum_Score_Table[1], 0);
+  EXPECT_EQ(results.Platinum_Best_Table[1], "");
+  EXPECT_EQ(results.Platinum_Word_Font, "");
+  EXPECT_EQ(test.session.flags.File_Run_Active, 0);
+}
+
+TEST(BeginSession, The_patterns_of_the_last_sample_stay) {
+  StoppedSession test;
+  test.session.filter.Voice_Word_Table[1] = "fths";
+  test.session.filter.Voice_Magic_Elements = "_4";
+  test.Begin();
+  EXPECT_EQ(test.session.filter.Voice_Word_Table[1], "fths");
+  EXPECT_EQ(test.session.filter.Voice_Magic_Elements, "_4");
+}
+
+TEST(BeginSession, It_lifts_the_stop) {
+  StoppedSession test;
+  EXPECT_FALSE(Is_Stopped(test.Begin().session));
+  EXPECT_EQ(test.session.settings.Stop_everything_now, "NO");
+  EXPECT_EQ(test.session.flags.Stopped_Marker, 0);
+  EXPECT_EQ(test.session.flags.Stopped_Text, "NO");
+}
+
+TEST(BeginSession, The_session_is_started_alive_asleep_and_not_busy) {
+  StoppedSession test;
+  test.Begin();
+  EXPECT_EQ(test.session.flags.Session_Started, 1);
+  EXPECT_EQ(test.session.flags.Session_Alive, -1);
+  EXPECT_EQ(test.session.flags.Operation_Status, "Sleeping");
+  EXPECT_EQ(test.session.flags.Capture_Busy, 0);
+}
+
+TEST(BeginSession, A_missing_frequency_becomes_22050_and_any_other_stays) {
+  const std::vector<std::pair<int, int>> Frequencies = {
+      {-1, 22050}, {0, 22050}, {1, 1}, {8000, 8000}, {44100, 44100}};
+  for (const auto& [before, after] : Frequencies) {
+    StoppedSession test;
+    test.session.settings.Set_Recording_Frequency = before;
+    test.Begin();
+    EXPECT_EQ(test.session.settings.Set_Recording_Frequency, after) << before;
+  }
+}
+
+TEST(BeginSession, Timer5_goes_on_and_Timer3_off_and_the_others_stay) {
+  StoppedSession test;
+  test.Begin();
+  EXPECT_TRUE(test.Is_On(FormTimer::Timer5));
+  EXPECT_FALSE(test.Is_On(FormTimer::Timer3));
+  EXPECT_TRUE(test.Is_On(FormTimer::Timer1));
+  EXPECT_FALSE(test.Is_On(FormTimer::Timer2));
+  EXPECT_FALSE(test.Is_On(FormTimer::Timer4));
+  test.events.Enable(FormTimer::Timer1, false);
+  test.Begin();
+  EXPECT_FALSE(test.Is_On(FormTimer::Timer1));
+}
+
+TEST(BeginSession, The_wish_for_activities_and_the_start_gate_stay) {
+  StoppedSession test;
+  test.session.flags.Show_Activities = 1;
+  test.session.flags.Settings_Ready_Count = 5;
+  test.session.flags.Analysis_Running = 1;
+  test.Begin();
+  EXPECT_EQ(test.session.flags.Show_Activities, 1);
+  EXPECT_EQ(test.session.flags.Settings_Ready_Count, 5);
+  EXPECT_EQ(test.session.flags.Analysis_Running, 1);
+}
+
+TEST(BeginSession, Nobody_is_told_and_nothing_is_played) {
+  StoppedSession test;
+  test.Begin();
+  EXPECT_TRUE(test.boxes.shown.empty());
+  EXPECT_TRUE(test.cues.calls.empty());
+  EXPECT_TRUE(test.calls.empty());
+}
+
+TEST(PrepareSession, A_failure_in_the_analysis_reaches_the_recovery) {
   TestSession test;
-  Connect_Operations(test.session);
+  Prepare_Session(test.session);
   Put_File(test.session, Silence(Bytes(5000)));
   test.session.operations.Stop_And_Recover(test.session);
   EXPECT_EQ(test.session.settings.Stop_everything_now, "YES");
   EXPECT_EQ(test.session.flags.Operation_Status, "Sleeping");
 }
 
-TEST(ConnectOperations, The_built_in_engine_stands_from_the_start) {
+TEST(PrepareSession, The_built_in_engine_stands_from_the_start) {
   TestSession test;
-  Connect_Operations(test.session);
+  Prepare_Session(test.session);
   EXPECT_EQ(test.session.filter.Engine_Table[0], "_");
   EXPECT_EQ(test.session.filter.Engine_Table[70], "sx");
   EXPECT_EQ(test.session.filter.Engine_Table[71], "");
@@ -116,7 +222,7 @@ TEST(ConnectOperations, The_built_in_engine_stands_from_the_start) {
 // A file of one word, every slice of which adds its letters.
 struct RunWithEngine : TestSession {
   RunWithEngine(const std::string& engine, const std::string& restart) {
-    Connect_Operations(session);
+    Prepare_Session(session);
     riff_files.files["word.wav"] = Wave().Data(Words({1000}, Bytes(2000)));
     session.settings.Open_this_Wave_File = "word.wav";
     session.settings.Enable_Artificial_Intelligence = "NO";
@@ -127,7 +233,7 @@ struct RunWithEngine : TestSession {
   }
 };
 
-TEST(ConnectOperations, After_a_refused_engine_file_a_restart_goes_on_over_the_built_in_table) {
+TEST(PrepareSession, After_a_refused_engine_file_a_restart_goes_on_over_the_built_in_table) {
   const RunWithEngine built_in("", "YES");
   const RunWithEngine restarted("voice.txt", "YES");
   EXPECT_EQ(restarted.boxes.shown.size(), 1U);
@@ -137,7 +243,7 @@ TEST(ConnectOperations, After_a_refused_engine_file_a_restart_goes_on_over_the_b
   EXPECT_TRUE(restarted.session.trace.failures.empty());
 }
 
-TEST(ConnectOperations, After_a_refused_engine_file_a_stop_analyses_nothing) {
+TEST(PrepareSession, After_a_refused_engine_file_a_stop_analyses_nothing) {
   const RunWithEngine stopped("voice.txt", "NO");
   EXPECT_EQ(stopped.boxes.shown.size(), 1U);
   EXPECT_EQ(stopped.session.filter.Current_Voice_Word, "");

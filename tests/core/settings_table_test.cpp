@@ -198,6 +198,38 @@ TEST_F(SettingsTable, Only_Stop_everything_now_is_answered_untrimmed) {
   EXPECT_EQ(Get("Add_To_Language"), "YES");
 }
 
+TEST_F(SettingsTable, Seven_switches_announce_every_set_whatever_the_text_is) {
+  for (const auto* name :
+       {"Always_Restart_on_Error", "I_want_Status_Animation", "Enable_Speech_Engine",
+        "Explode_out_all_Engine", "Notify_if_no_language_match", "Enable_Artificial_Intelligence",
+        "Add_To_Language"}) {
+    for (const auto* text : {"YES", "YES", "NO", "NO", "maybe", ""}) {
+      changes.clear();
+      EXPECT_EQ(Set(name, text), SetResult::Done);
+      EXPECT_EQ(changes, Changes{name}) << name << " := " << text;
+    }
+  }
+}
+
+TEST_F(SettingsTable, The_filter_mode_announces_every_set_whatever_the_text_is) {
+  for (const auto* text : {"Pass All", "Filter Same", "Filter All", "Filter All", "pass all", ""}) {
+    changes.clear();
+    EXPECT_EQ(Set("Keep_Engine_Frequency_Input_Flow", text), SetResult::Done);
+    EXPECT_EQ(changes, Changes{"Keep_Engine_Frequency_Input_Flow"}) << text;
+  }
+}
+
+TEST_F(SettingsTable, On_speech_show_activities_announces_each_YES_and_nothing_else) {
+  for (const auto* text : {"NO", "yes", "", " YES"}) {
+    EXPECT_EQ(Set("On_speech_show_activities", text), SetResult::Done);
+    EXPECT_EQ(session.flags.Show_Activities, 0) << text;
+  }
+  EXPECT_EQ(changes, Changes());
+  Set("On_speech_show_activities", "YES");
+  Set("On_speech_show_activities", "YES");
+  EXPECT_EQ(changes, Changes(2, "On_speech_show_activities"));
+}
+
 // Numbers.
 
 TEST_F(SettingsTable, Numbers_are_stored_and_most_announce_a_change) {
@@ -372,6 +404,21 @@ TEST_F(SettingsTable, In_design_mode_every_sampling_time_is_taken_as_it_is) {
   EXPECT_TRUE(test.boxes.shown.empty());
 }
 
+TEST_F(SettingsTable, A_time_of_design_mode_stands_at_run_time_until_a_new_set_clamps_it) {
+  instance.User_Mode = false;
+  Set("Speech_sampling_time_in_ms", "3000");
+  instance.User_Mode = true;
+  Set("Words_I_Want", "*");
+  Set("Set_Recording_Frequency", "8000");
+  EXPECT_EQ(Get("Speech_sampling_time_in_ms"), "3000");
+  EXPECT_EQ(session.sample.Samples_Per_Capture, 66150);
+  EXPECT_TRUE(test.boxes.shown.empty());
+  EXPECT_EQ(Set("Speech_sampling_time_in_ms", "3000"), SetResult::Replaced);
+  EXPECT_EQ(Get("Speech_sampling_time_in_ms"), "4000");
+  EXPECT_EQ(session.sample.Samples_Per_Capture, 66150);
+  EXPECT_EQ(Only_Box().text, "Invalid sample time. Assigning default 4000 ms");
+}
+
 TEST_F(SettingsTable, A_sampling_time_repairs_a_frequency_of_0) {
   session.settings.Set_Recording_Frequency = 0;
   Set("Speech_sampling_time_in_ms", "5000");
@@ -462,6 +509,29 @@ TEST_F(SettingsTable, An_empty_file_to_match_changes_nothing_at_run_time) {
   EXPECT_EQ(changes, Changes());
 }
 
+TEST_F(SettingsTable, A_file_name_of_blanks_counts_as_empty) {
+  for (const auto* blanks : {" ", "     "}) {
+    test.boxes.shown.clear();
+    Set("Consider_this_Engine_for_Recognition", "mine.EGN");
+    EXPECT_EQ(Set("Consider_this_Engine_for_Recognition", blanks), SetResult::Done);
+    EXPECT_EQ(Get("Consider_this_Engine_for_Recognition"), "");
+    EXPECT_EQ(Set("Consider_this_Lang_File_to_match", blanks), SetResult::Done);
+    EXPECT_EQ(Get("Consider_this_Lang_File_to_match"), "UserTemp.SAY");
+    EXPECT_EQ(Set("Consider_this_Lang_File_to_Add", blanks), SetResult::Refused);
+    EXPECT_EQ(Get("Consider_this_Lang_File_to_Add"), "UserTemp.SAY");
+    EXPECT_EQ(Only_Box().text, "Invalid FileName for Language to add");
+  }
+  EXPECT_EQ(changes, Changes());
+}
+
+TEST_F(SettingsTable, In_design_mode_a_language_name_of_blanks_gets_its_extension) {
+  instance.User_Mode = false;
+  Set("Consider_this_Lang_File_to_match", "  ");
+  Set("Consider_this_Lang_File_to_Add", "  ");
+  EXPECT_EQ(Get("Consider_this_Lang_File_to_match"), ".SAY");
+  EXPECT_EQ(Get("Consider_this_Lang_File_to_Add"), ".SAY");
+}
+
 TEST_F(SettingsTable, In_design_mode_an_empty_language_name_gets_its_extension) {
   instance.User_Mode = false;
   Set("Consider_this_Lang_File_to_match", "");
@@ -517,6 +587,15 @@ TEST_F(SettingsTable, Send_of_no_500_reaches_the_words_but_not_the_shorter_table
   EXPECT_EQ(Get("Platinum_Words"), "word");
   EXPECT_EQ(Failure_Of_Get("Voice_Word_Matched"), 9);
   EXPECT_EQ(Failure_Of_Get("Voice_Word"), 9);
+}
+
+TEST_F(SettingsTable, Words_I_Check_answers_2_for_every_index_as_no_word_is_ever_checked) {
+  session.filter.Word_Check_Flags.Fill(1);
+  session.filter.Voice_Words_Explode_Count = 1;
+  for (const auto* index : {"-1", "0", "1", "100", "101", "500", "2147483647"}) {
+    Set("Send_of_no", index);
+    EXPECT_EQ(Get("Words_I_Check"), "2") << index;
+  }
 }
 
 TEST_F(SettingsTable, Reading_a_word_or_a_pattern_announces_a_change_each_time) {

@@ -106,7 +106,7 @@ void Print_Curves() {
 void Print_Run(const char* slice_bytes) {
   TestSession test;
   Session& session = test.session;
-  Connect_Operations(session);
+  Prepare_Session(session);
   session.settings.Enable_Artificial_Intelligence = "NO";
   session.settings.Open_this_Wave_File = "speech.wav";
   session.trace.Keep_Slices = true;

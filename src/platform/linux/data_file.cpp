@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -57,22 +58,23 @@ class Lock {
 class File final : public DataFile {
  public:
   // Fails unless this is a file with content of its own: no folder, pipe or device.
-  explicit File(const std::string& name) : descriptor_(name) {
+  File(const std::string& name, DataFileStore::Locking locking) : descriptor_(name) {
     if (!S_ISREG(Status().st_mode)) Fail(Failure::Path_Access);
+    if (locking == DataFileStore::Locking::Held) held_.emplace(descriptor_, LOCK_EX);
   }
 
   std::int64_t Length() const override {
-    const Lock lock(descriptor_, LOCK_SH);
+    const CallLock lock(*this, LOCK_SH);
     return Status().st_size;
   }
 
   std::int64_t Read(std::int64_t offset, std::span<std::uint8_t> bytes) override {
-    const Lock lock(descriptor_, LOCK_SH);
+    const CallLock lock(*this, LOCK_SH);
     return Read_Whole(offset, bytes);
   }
 
   void Write(std::int64_t offset, std::span<const std::uint8_t> bytes) override {
-    const Lock lock(descriptor_, LOCK_EX);
+    const CallLock lock(*this, LOCK_EX);
     const std::int64_t length = Status().st_size;
     std::vector<std::uint8_t> old(bytes.size());
     old.resize(static_cast<std::size_t>(Read_Whole(offset, old)));
@@ -85,6 +87,17 @@ class File final : public DataFile {
   }
 
  private:
+  // The lock of one call, unless the file holds its own: a second one would replace that.
+  class CallLock {
+   public:
+    CallLock(const File& file, int kind) {
+      if (!file.held_) lock_.emplace(file.descriptor_, kind);
+    }
+
+   private:
+    std::optional<Lock> lock_;
+  };
+
   struct stat Status() const {
     struct stat status;
     if (::fstat(descriptor_.Number(), &status) != 0) Fail(Failure_To_Transfer(errno));
@@ -123,13 +136,14 @@ class File final : public DataFile {
   }
 
   Descriptor descriptor_;
+  std::optional<Lock> held_;
 };
 
 }  // namespace
 
 std::unique_ptr<DataFile> DataFileStore::Open(const std::string& name) {
   if (name.empty() || name.find('\0') != std::string::npos) Fail(Failure::Bad_File_Name);
-  return std::make_unique<File>(name);
+  return std::make_unique<File>(name, locking_);
 }
 
 }  // namespace quillspeech::linux

@@ -15,7 +15,15 @@ namespace quillspeech::linux {
 // lets it, and fails with the error that came first.
 class DataFileStore final : public quillspeech::DataFileStore {
  public:
+  // Held: each file that this store opens stays locked against every other user until it is closed,
+  // so that what is read from it still stands when it is written. Open one at a time.
+  enum class Locking { Each_Call, Held };
+
+  explicit DataFileStore(Locking locking = Locking::Each_Call) : locking_(locking) {}
   std::unique_ptr<DataFile> Open(const std::string& name) override;
+
+ private:
+  Locking locking_;
 };
 
 }  // namespace quillspeech::linux
