@@ -20,9 +20,10 @@ namespace quillspeech::cli {
 struct Digest {
   std::string file;
   std::vector<std::string> complaints;  // why the file counts as failed; none when it does not
+  std::vector<std::string> notes;       // what else the user should know
 };
 
-// One line for each complaint, with the file in front.
+// One line for each complaint and each note, with the file in front.
 void Complain(const Digest& digest, std::ostream& err);
 
 // Runs every file of the options and complains of those that failed; true when none did. `digest`
@@ -48,12 +49,11 @@ bool Run_Batch(const RunOptions& options, Console& console,
     return result;
   };
   batch.deliver = [&](Result&& result) {
+    const bool has_lines = !result.complaints.empty() || !result.notes.empty();
+    if (has_lines || console.out_is_terminal) progress.Clear();
     deliver(result);
-    if (!result.complaints.empty()) {
-      progress.Clear();
-      Complain(result, console.err);
-      all_went_well = false;
-    }
+    Complain(result, console.err);
+    if (!result.complaints.empty()) all_went_well = false;
     progress.One_More();
   };
   batch.Run(Worker_Count(options));

@@ -3,12 +3,16 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <memory>
+#include <optional>
 
+#include "base/text.hpp"
 #include "cli/data_tools.hpp"
 #include "cli/evaluate.hpp"
 #include "cli/exit_status.hpp"
 #include "cli/learn.hpp"
+#include "cli/option_checks.hpp"
 #include "cli/recognize.hpp"
 
 namespace quillspeech::cli {
@@ -29,7 +33,7 @@ struct CommandLine {
   CLI::App* learn_command = nullptr;
   CLI::App* evaluate_command = nullptr;
 
-  CommandLine() {
+  explicit CommandLine(Console& console) {
     app.set_version_flag("--version", Version);
     app.require_subcommand(1);
     app.get_formatter()->label("SUBCOMMAND", "COMMAND");
@@ -38,7 +42,7 @@ struct CommandLine {
     recognize_command = &Add_Recognize_Command(app, recognize);
     learn_command = &Add_Learn_Command(app, learn);
     evaluate_command = &Add_Evaluate_Command(app, evaluate);
-    Add_Data_Commands(app, data_exit_status);
+    Add_Data_Commands(app, console, data_exit_status);
     for (CLI::App* const command : app.get_subcommands({})) command->group("Commands");
   }
 };
@@ -50,15 +54,55 @@ int Run_Parsed(CommandLine& line, Console& console) {
   return line.data_exit_status;
 }
 
+using Arguments = std::vector<std::string>;
+
+// The first argument, when it stands where a command should and is none.
+std::optional<std::string> Unknown_Command(const CommandLine& line, const Arguments& arguments) {
+  if (arguments.empty() || arguments.front().starts_with('-')) return std::nullopt;
+  for (const CLI::App* const command : line.app.get_subcommands({})) {
+    if (command->get_name() == arguments.front()) return std::nullopt;
+  }
+  return arguments.front();
+}
+
+int Refuse_Command(const CommandLine& line, const std::string& name, std::ostream& err) {
+  constexpr std::size_t Most_Letters = 2;
+  err << "quillspeech: no command is called " << name;
+  for (const CLI::App* const command : line.app.get_subcommands({})) {
+    if (Letters_Between(Lower_Case(name), command->get_name()) > Most_Letters) continue;
+    err << "; did you mean " << command->get_name() << "?";
+    break;
+  }
+  err << "\nTry quillspeech --help.\n";
+  return Exit_Wrong_Usage;
+}
+
+// The first argument that looks like an option and is more likely a sound.
+std::optional<std::string> File_Taken_For_Option(const Arguments& arguments) {
+  for (const std::string& argument : arguments) {
+    if (argument == "--") break;
+    std::error_code none;
+    if (!argument.starts_with('-') || argument == "-") continue;
+    if (Lower_Case(argument).ends_with(".wav") || std::filesystem::exists(argument, none)) {
+      return argument;
+    }
+  }
+  return std::nullopt;
+}
+
 // Help and version are answers; everything else that parsing throws is wrong usage.
-int Answer_Parse_Error(const CommandLine& line, const CLI::ParseError& error, Console& console) {
+int Answer_Parse_Error(const CommandLine& line, const CLI::ParseError& error,
+                       const Arguments& arguments, Console& console) {
   if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
     line.app.exit(error, console.out, console.err);
     console.out << std::flush;
     return Exit_Done;
   }
-  console.err << "quillspeech: " << error.what() << "\n"
-              << "Try quillspeech --help.\n";
+  console.err << "quillspeech: " << error.what() << "\n";
+  if (const auto file = File_Taken_For_Option(arguments)) {
+    console.err << "A file name that begins with - stands behind --, as in: -- " << *file << "\n";
+  }
+  console.err << "Try quillspeech --help.\n";
   return Exit_Wrong_Usage;
 }
 
@@ -73,12 +117,15 @@ int Ended(int exit_status, Console& console) {
 }  // namespace
 
 int Run_Command_Line(const std::vector<std::string>& arguments, Console& console) {
-  const auto line = std::make_unique<CommandLine>();
+  const auto line = std::make_unique<CommandLine>(console);
   try {
-    line->app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));  // last first
+    if (const auto name = Unknown_Command(*line, arguments)) {
+      return Refuse_Command(*line, *name, console.err);
+    }
+    line->app.parse(Arguments(arguments.rbegin(), arguments.rend()));  // last first
     return Ended(Run_Parsed(*line, console), console);
   } catch (const CLI::ParseError& error) {
-    return Answer_Parse_Error(*line, error, console);
+    return Ended(Answer_Parse_Error(*line, error, arguments, console), console);
   } catch (const std::exception& error) {
     console.err << "quillspeech: " << error.what() << "\n";
     return Exit_File_Failed;

@@ -2,7 +2,6 @@
 
 #include <CLI/CLI.hpp>
 #include <functional>
-#include <iostream>
 #include <memory>
 #include <new>
 
@@ -10,6 +9,7 @@
 #include "cli/data_file_check.hpp"
 #include "cli/exit_status.hpp"
 #include "cli/files.hpp"
+#include "cli/option_checks.hpp"
 
 namespace quillspeech::cli {
 namespace {
@@ -45,17 +45,17 @@ std::optional<DataFileKind> Kind_Of_File(const std::string& file, std::size_t le
   return std::nullopt;
 }
 
+// Whoever made the stream complains when it cannot be written.
 ExitStatus Finish(std::ostream& out, ExitStatus exit_status) {
   out.flush();
-  if (!out) throw std::runtime_error("the output cannot be written");
-  return exit_status;
+  return out ? exit_status : Exit_File_Failed;
 }
 
 void Add_As_Option(CLI::App& command, std::string& as) {
   command
       .add_option("--as", as,
                   "The kind; else .EGN is engine, and .SAY language or, by its length, vocabulary")
-      ->check(CLI::IsMember({"language", "engine", "vocabulary"}))
+      ->check(One_Of({"language", "engine", "vocabulary"}), "")
       ->type_name("KIND");
 }
 
@@ -70,18 +70,18 @@ void Add_Name(CLI::App& command, const char* placeholder, std::string& name, con
   command.add_option(placeholder, name, help)->required()->type_name("");
 }
 
-void Add_Dump(CLI::App& app, int& exit_status) {
+void Add_Dump(CLI::App& app, Console& console, int& exit_status) {
   const auto names = std::make_shared<Names>();  // lives as long as the callback
   auto& dump = *app.add_subcommand("dump", "Print a data file as JSON");
   Add_Name(dump, "FILE", names->file, "The data file");
   Add_As_Option(dump, names->as);
   dump.footer("`quillspeech build` makes the same bytes from the JSON again.");
-  dump.callback([names, &exit_status] {
-    exit_status = Dump_Data_File(names->file, names->as, std::cout, std::cerr);
+  dump.callback([names, &console, &exit_status] {
+    exit_status = Dump_Data_File(names->file, names->as, console.out, console.err);
   });
 }
 
-void Add_Build(CLI::App& app, int& exit_status) {
+void Add_Build(CLI::App& app, Console& console, int& exit_status) {
   const auto names = std::make_shared<Names>();
   auto& build = *app.add_subcommand("build", "Make a data file from JSON");
   Add_Name(build, "JSON", names->file, "The JSON, as `quillspeech dump` prints it or shorter");
@@ -91,19 +91,19 @@ void Add_Build(CLI::App& app, int& exit_status) {
     "words": [{"word": "hello", "rating": 100}],
     "patterns": [{"pattern": "fth*s", "rating": 100}]}]}
 OUT changes only when all of the JSON is right.)");
-  build.callback([names, &exit_status] {
-    exit_status = Build_Data_File(names->file, names->out_file, std::cerr);
+  build.callback([names, &console, &exit_status] {
+    exit_status = Build_Data_File(names->file, names->out_file, console.err);
   });
 }
 
-void Add_Check(CLI::App& app, int& exit_status) {
+void Add_Check(CLI::App& app, Console& console, int& exit_status) {
   const auto names = std::make_shared<Names>();
   auto& check = *app.add_subcommand("check", "Name every damage of a data file");
   Add_Name(check, "FILE", names->file, "The data file");
   Add_As_Option(check, names->as);
   check.footer("Ends with 0 and \"no damage\" when the file is sound, with 1 when it is not.");
-  check.callback([names, &exit_status] {
-    exit_status = Check_Data_File(names->file, names->as, std::cout, std::cerr);
+  check.callback([names, &console, &exit_status] {
+    exit_status = Check_Data_File(names->file, names->as, console.out, console.err);
   });
 }
 
@@ -163,10 +163,10 @@ int Check_Data_File(const std::string& file, const std::string& as, std::ostream
   });
 }
 
-void Add_Data_Commands(CLI::App& app, int& exit_status) {
-  Add_Dump(app, exit_status);
-  Add_Build(app, exit_status);
-  Add_Check(app, exit_status);
+void Add_Data_Commands(CLI::App& app, Console& console, int& exit_status) {
+  Add_Dump(app, console, exit_status);
+  Add_Build(app, console, exit_status);
+  Add_Check(app, console, exit_status);
 }
 
 }  // namespace quillspeech::cli

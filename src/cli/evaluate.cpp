@@ -1,14 +1,16 @@
 #include "cli/evaluate.hpp"
 
 #include <CLI/CLI.hpp>
-#include <fstream>
 #include <optional>
+#include <sstream>
 
 #include "base/run_time_failure.hpp"
 #include "cli/batch.hpp"
 #include "cli/evaluation.hpp"
 #include "cli/exit_status.hpp"
+#include "cli/files.hpp"
 #include "cli/labels.hpp"
+#include "cli/option_checks.hpp"
 #include "cli/report_text.hpp"
 
 namespace quillspeech::cli {
@@ -19,6 +21,7 @@ CLI::App& Add_Evaluate_Command(CLI::App& app, EvaluateOptions& options) {
   command
       .add_option("--labels", options.labels,
                   "The words that are spoken: lines of a WAV name, a tab, comma or blank, a word")
+      ->check(File_Name(), "")
       ->type_name("FILE");
   command.add_flag("--json", options.json, "Print one JSON object");
   command.footer(
@@ -36,18 +39,18 @@ struct Judged : Digest {
 
 std::optional<Labels> Read_Labels(const std::string& file, std::ostream& err) {
   Labels labels;
-  std::ifstream in(file);
   int bad_line = 0;
-  if (!in) {
-    err << "quillspeech: --labels: cannot read " << file << "\n";
+  try {
+    const auto bytes = Read_Whole_File(file);
+    std::istringstream in(std::string(bytes.begin(), bytes.end()));
+    if (labels.Read(in, bad_line)) return labels;
+  } catch (const FileError& error) {
+    err << "quillspeech: --labels: " << error.what() << "\n";
     return std::nullopt;
   }
-  if (!labels.Read(in, bad_line)) {
-    err << "quillspeech: --labels: " << file << ", line " << bad_line
-        << ": needs a WAV name and a word\n";
-    return std::nullopt;
-  }
-  return labels;
+  err << "quillspeech: --labels: " << file << ", line " << bad_line
+      << ": needs a WAV name and a word\n";
+  return std::nullopt;
 }
 
 Judged Judge(const RecognitionRun& run, const std::optional<std::string>& expected) {
@@ -73,11 +76,12 @@ Judged Judge(const RecognitionRun& run, const std::optional<std::string>& expect
 }
 
 bool Explain(const EvaluateOptions& options, Evaluation& evaluation, std::ostream& err) {
+  const std::string language = Used_Files(options.run).language;
   try {
-    Find_Shared_Patterns(options.run.language, evaluation.answers);
+    Find_Shared_Patterns(language, evaluation.answers);
     return true;
   } catch (const RunTimeFailure& failure) {
-    err << "quillspeech: " << options.run.language << ": " << failure.what() << "\n";
+    err << "quillspeech: " << language << ": " << failure.what() << "\n";
     return false;
   }
 }

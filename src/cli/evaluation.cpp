@@ -1,6 +1,7 @@
 #include "cli/evaluation.hpp"
 
 #include <algorithm>
+#include <filesystem>
 #include <iomanip>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -80,6 +81,8 @@ void Find_Shared_Patterns(const std::string& language_file, std::vector<Answer>&
     if (answer.outcome == Outcome::Wrong) wrong.push_back(&answer);
   }
   if (wrong.empty()) return;
+  std::error_code none;
+  if (!std::filesystem::exists(language_file, none)) Fail(Failure::File_Not_Found);
   linux::DataFileStore store;
   RecordFile file;
   file.Open(store, language_file, datafiles::SayRecord::Record_Bytes);

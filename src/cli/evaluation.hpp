@@ -39,7 +39,8 @@ struct Evaluation {
 };
 
 // For each wrong answer, the patterns of the language file that let it happen. Each record is read
-// once. Failures as the file's port has them.
+// once. Failures as the file's port has them, and 53 when it is not
+// there.
 void Find_Shared_Patterns(const std::string& language_file, std::vector<Answer>& answers);
 
 std::string Evaluation_Json(const Evaluation& evaluation);

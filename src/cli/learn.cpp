@@ -1,6 +1,8 @@
 #include "cli/learn.hpp"
 
 #include <CLI/CLI.hpp>
+#include <filesystem>
+#include <limits>
 #include <optional>
 #include <sstream>
 #include <vector>
@@ -9,10 +11,10 @@
 #include "base/text.hpp"
 #include "cli/batch.hpp"
 #include "cli/exit_status.hpp"
+#include "cli/option_checks.hpp"
 #include "cli/word_record.hpp"
 #include "core/results_view.hpp"
 #include "platform/linux/data_file.hpp"
-#include "recognition/like_match.hpp"
 
 namespace quillspeech::cli {
 
@@ -24,9 +26,8 @@ constexpr int Largest_Rating = 100;
 
 void Add_Rating(CLI::App& command, const std::string& name, int& rating, const std::string& help) {
   command.add_option(name, rating, help)
-      ->check(CLI::Range(0, Largest_Rating).description(""))
-      ->type_name("N")
-      ->capture_default_str();
+      ->check(Whole_Number(0, Largest_Rating), "")
+      ->type_name("N");
 }
 
 }  // namespace
@@ -35,13 +36,14 @@ CLI::App& Add_Learn_Command(CLI::App& app, LearnOptions& options) {
   CLI::App& command = *app.add_subcommand("learn", "Teach a language file how a word sounds");
   Add_Run_Options(command, options.run, LanguageNeed::Required);
   command.add_option("--word", options.word, "The word that is spoken in the sounds")->required();
-  Add_Rating(command, "--rating", options.rating, "Rating of the word when it is new, 0 to 100");
+  Add_Rating(command, "--rating", options.rating,
+             "Rating of the word when it is new, 0 to 100; 100 when not given");
   Add_Rating(command, "--pattern-rating", options.pattern_rating,
-             "Rating of each new pattern, 0 to 100");
+             "Rating of each new pattern, 0 to 100; 100 when not given");
   command
       .add_option("--record", options.record,
                   "Add to this record; without it, to the record that has the word or a new one")
-      ->check(CLI::PositiveNumber.description(""))
+      ->check(Whole_Number(1, std::numeric_limits<std::int32_t>::max()), "")
       ->type_name("N");
   command.footer(
       "Each sound is run through the recogniser with the options given, and its pattern is added\n"
@@ -73,12 +75,10 @@ std::optional<std::string> Objection(const std::string& pattern) {
     return "gave a pattern of " + std::to_string(pattern.size()) +
            " characters, which is not added; a record holds 100";
   }
-  try {
-    if (Like_Match(pattern, pattern)) return std::nullopt;
-  } catch (const RunTimeFailure&) {  // an unclosed list: no pattern either
-  }
+  if (pattern.find_first_of("*?#[") == std::string::npos) return std::nullopt;
   return "gave \"" + To_Utf8(pattern) +
-         "\", which is not added: its own signs *, ?, # or [ keep it from matching itself";
+         "\", which is not added: the engine's letters *, ?, # or [ would be wildcards in a "
+         "pattern";
 }
 
 // The word in Windows-1252, or nothing when no record can hold it.
@@ -146,15 +146,16 @@ bool Hear_All(const LearnOptions& options, Console& console, std::vector<Heard>&
       [](const RecognitionRun& run) {
         Heard heard = Hear(run);
         if (!run.Complaints().empty()) return heard;
-        if (auto objection = Objection(heard.pattern)) heard.complaints.push_back(*objection);
+        if (auto objection = Objection(heard.pattern)) {
+          heard.complaints.push_back(*objection);
+        } else if (heard.words > 1) {
+          heard.notes.push_back("has " + std::to_string(heard.words) +
+                                " words by its pauses; the pattern is that of all of them");
+        }
         return heard;
       },
       [&](Heard& heard) {
         if (!heard.complaints.empty()) return;
-        if (heard.words > 1) {
-          console.err << "quillspeech: note: " << heard.file << ": has " << heard.words
-                      << " words by its pauses; the pattern is that of all of them\n";
-        }
         usable.push_back(heard);
       });
 }
@@ -172,14 +173,30 @@ bool Teach(const LearnOptions& options, const std::string& word, std::vector<Hea
   bool all_taken = true;
   for (Heard& heard : usable) {
     if (auto complaint = lesson.Take(heard, told)) {
-      heard.complaints.push_back(*complaint);
-      Complain(heard, console.err);
+      Complain(Digest{heard.file, {*complaint}, {}}, console.err);
       all_taken = false;
     }
   }
   lesson.Write();
   console.out << told.str() << std::flush;
   return all_taken;
+}
+
+// A record that is named must be there, or be the one behind the last. The file is not made here.
+bool Is_Record_In_Reach(const LearnOptions& options, std::ostream& err) {
+  const std::string& name = options.run.language;
+  std::int64_t next = 1;
+  std::error_code none;
+  if (options.record > 0 && std::filesystem::exists(name, none)) {
+    linux::DataFileStore store;
+    RecordFile file;
+    file.Open(store, name, datafiles::SayRecord::Record_Bytes);
+    next = file.Record_Count() + 1;
+  }
+  if (options.record <= next) return true;
+  err << "quillspeech: --record " << options.record << ": the next new record of " << name << " is "
+      << next << "\n";
+  return false;
 }
 
 }  // namespace
@@ -189,16 +206,17 @@ int Learn_Word(LearnOptions options, Console& console) {
   if (!word) return Exit_Wrong_Usage;
   options.run.patterns_only = true;
   if (!Check_Options(options.run, console.err)) return Exit_Wrong_Usage;
-  std::vector<Heard> usable;
-  bool all_went_well = Hear_All(options, console, usable);
-  if (usable.empty() || console.Is_Interrupted()) return Exit_File_Failed;
   try {
+    if (!Is_Record_In_Reach(options, console.err)) return Exit_Wrong_Usage;
+    std::vector<Heard> usable;
+    bool all_went_well = Hear_All(options, console, usable);
+    if (usable.empty() || console.Is_Interrupted()) return Exit_File_Failed;
     all_went_well = Teach(options, *word, usable, console) && all_went_well;
+    return all_went_well ? Exit_Done : Exit_File_Failed;
   } catch (const RunTimeFailure& failure) {
     console.err << "quillspeech: " << options.run.language << ": " << failure.what() << "\n";
     return Exit_File_Failed;
   }
-  return all_went_well ? Exit_Done : Exit_File_Failed;
 }
 
 }  // namespace quillspeech::cli

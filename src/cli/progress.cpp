@@ -1,26 +1,25 @@
 #include "cli/progress.hpp"
 
+#include <utility>
+
 namespace quillspeech::cli {
 
 namespace {
 
-constexpr std::size_t Many_Files = 20;
+constexpr auto Long_Work = std::chrono::seconds(1);
 constexpr auto Pause = std::chrono::milliseconds(100);
 
 }  // namespace
 
-Progress::Progress(Console& console, std::optional<std::size_t> total)
-    : console_(console),
-      total_(total),
-      is_wanted_(console.err_is_terminal && !console.out_is_terminal &&
-                 total.value_or(Many_Files) >= Many_Files),
-      last_(std::chrono::steady_clock::now()) {}
+Progress::Progress(Console& console, std::optional<std::size_t> total, Clock clock)
+    : console_(console), total_(total), clock_(std::move(clock)), next_(clock_() + Long_Work) {}
 
 void Progress::One_More() {
   ++done_;
-  const auto now = std::chrono::steady_clock::now();
-  if (!is_wanted_ || now - last_ < Pause) return;
-  last_ = now;
+  if (!console_.err_is_terminal) return;
+  const Time now = clock_();
+  if (now < next_) return;
+  next_ = now + Pause;
   console_.err << "\r" << done_;
   if (total_) console_.err << " of " << *total_;
   console_.err << " files" << std::flush;
@@ -31,6 +30,7 @@ void Progress::Clear() {
   if (!is_shown_) return;
   console_.err << "\r\x1b[K" << std::flush;
   is_shown_ = false;
+  next_ = Time::min();
 }
 
 }  // namespace quillspeech::cli

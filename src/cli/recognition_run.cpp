@@ -81,9 +81,12 @@ void RecognitionRun::Recognize_Captured() {
 
 namespace {
 
+// The box of an engine file that cannot be found has no icon.
 bool Tells_Of_Failure(const MessageBox& box) {
-  return box.title == "Quillspeech Wave ERROR" || box.title == "Quillspeech FATAL ERROR" ||
-         box.title == "Quillspeech CRITICAL USER ERROR";
+  if (box.title == "Quillspeech CRITICAL USER ERROR") return true;
+  return box.icon == BoxIcon::Stop &&
+         (box.title == "Quillspeech Wave ERROR" || box.title == "Quillspeech FATAL ERROR" ||
+          box.title == "Quillspeech ERROR" || box.title == "Quillspeech USER ERROR");
 }
 
 std::string Failure_Sentence(int number, const Session& session) {

@@ -9,6 +9,7 @@
 #include "cli/exit_status.hpp"
 #include "cli/files.hpp"
 #include "cli/graph_svg.hpp"
+#include "cli/option_checks.hpp"
 #include "cli/report_json.hpp"
 #include "cli/report_text.hpp"
 
@@ -20,6 +21,7 @@ CLI::App& Add_Recognize_Command(CLI::App& app, RecognizeOptions& options) {
   command.add_flag("--json", options.json, "Print one JSON object a sound, each on a line");
   command.add_flag("--trace", options.trace, "With --json, list every slice that was analysed");
   command.add_option("--graph", options.graph, "Draw the sound with its words; takes one WAV only")
+      ->check(File_Name(), "")
       ->type_name("FILE.svg");
   command.footer(
       "Examples:\n"
@@ -59,6 +61,18 @@ Recognized Report(const RecognizeOptions& options, const RecognitionRun& run, bo
   return recognized;
 }
 
+// The picture must not take the place of what the run reads.
+bool Is_Picture_Apart(const RecognizeOptions& options, std::ostream& err) {
+  if (options.graph.empty()) return true;
+  const UsedFiles used = Used_Files(options.run);
+  for (const std::string& name : {options.run.files.front(), used.language, used.engine}) {
+    if (name.empty() || (name != options.graph && !Is_Same_File(name, options.graph))) continue;
+    err << "quillspeech: --graph: " << options.graph << " is a file that the run reads\n";
+    return false;
+  }
+  return true;
+}
+
 bool Can_Draw(const RecognizeOptions& options, std::ostream& err) {
   const auto& files = options.run.files;
   if (options.graph.empty() || (files.size() == 1 && files.front() != "-")) return true;
@@ -71,6 +85,10 @@ bool Can_Draw(const RecognizeOptions& options, std::ostream& err) {
 int Recognize_Files(RecognizeOptions options, Console& console) {
   if (!Can_Draw(options, console.err)) return Exit_Wrong_Usage;
   if (!Check_Options(options.run, console.err)) return Exit_Wrong_Usage;
+  if (!Is_Picture_Apart(options, console.err)) return Exit_Wrong_Usage;
+  if (options.trace && !options.json) {
+    console.err << "quillspeech: note: --trace tells nothing without --json\n";
+  }
   options.run.keep_slices = options.trace;
   options.run.keep_graph = !options.graph.empty();
   const bool all_went_well = Run_Batch<Recognized>(

@@ -3,12 +3,12 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <thread>
 
 #include "base/run_time_failure.hpp"
 #include "base/text.hpp"
+#include "cli/option_checks.hpp"
 #include "cli/session_on_files.hpp"
 #include "core/settings_table.hpp"
 #include "recognition/engine_table.hpp"
@@ -43,29 +43,33 @@ void Add_Setting_Option(CLI::App& command, RunOptions& options) {
 void Add_Run_Options(CLI::App& command, RunOptions& options, LanguageNeed language) {
   auto* name = command.add_option("--language", options.language,
                                   "Language file (.SAY) with the words and their patterns");
-  name->type_name("FILE");
+  name->check(File_Name(), "")->type_name("FILE");
   if (language == LanguageNeed::Required) name->required();
   command
       .add_option("--engine", options.engine, "Engine file (.EGN); without one, the built-in table")
+      ->check(File_Name(), "")
       ->type_name("FILE");
   Add_Setting_Option(command, options);
-  const std::map<std::string, SoundPath> paths = {{"file", SoundPath::File},
-                                                  {"live", SoundPath::Live}};
   command
-      .add_option("--path", options.path,
-                  "Analyse as a file (with its descent into long words) or as one live capture")
-      ->transform(CLI::CheckedTransformer(paths).description(""))
-      ->type_name("file|live")
-      ->default_str("file");
+      .add_option_function<std::string>(
+          "--path",
+          [&options](const std::string& typed) {
+            options.path = typed == "live" ? SoundPath::Live : SoundPath::File;
+          },
+          "Analyse as a file, with its descent into long words, or as one live capture; as a file "
+          "when not given")
+      ->check(One_Of({"file", "live"}), "")
+      ->type_name("file|live");
   command
       .add_option("--pad", options.pad_ms,
                   "Surround each sound with silence to a capture of so many milliseconds")
-      ->check(CLI::Range(0, Longest_Pad_ms).description(""))
+      ->check(Whole_Number(0, Longest_Pad_ms), "")
       ->type_name("MS");
-  command.add_option("--jobs", options.jobs, "Files to work on at once; 0 takes every core")
-      ->check(CLI::Range(0, Most_Jobs).description(""))
-      ->type_name("N")
-      ->capture_default_str();
+  command
+      .add_option("--jobs", options.jobs,
+                  "Files to work on at once, 1 when not given; 0 takes every core")
+      ->check(Whole_Number(0, Most_Jobs), "")
+      ->type_name("N");
   command.add_option("WAV", options.files, "Sounds; - reads names from standard input, one a line")
       ->type_name("")
       ->required();
@@ -78,14 +82,12 @@ int Worker_Count(const RunOptions& options) {
 
 void Apply_Options(const RunOptions& options, Session& session) {
   Settings& settings = session.settings;
-  if (options.language.empty()) {
-    settings.Enable_Artificial_Intelligence = "NO";
-  } else {
-    settings.Consider_this_Lang_File_to_match = options.language;
-  }
+  if (!options.language.empty()) settings.Consider_this_Lang_File_to_match = options.language;
   if (!options.engine.empty()) settings.Consider_this_Engine_for_Recognition = options.engine;
   for (const auto& [name, text] : options.settings) Set_Setting(session, name, text);
-  if (options.patterns_only) settings.Enable_Artificial_Intelligence = "NO";
+  if (options.patterns_only || options.language.empty()) {
+    settings.Enable_Artificial_Intelligence = "NO";
+  }
 }
 
 namespace {
@@ -146,6 +148,19 @@ void Note_Missing_File(const std::string& name, const char* kind, std::ostream& 
 
 }  // namespace
 
+namespace {
+
+void Note_Matching_Without_Language(const RunOptions& options, Session& trial, std::ostream& err) {
+  if (!options.language.empty()) return;
+  trial.settings.Enable_Artificial_Intelligence = "NO";
+  for (const auto& [name, text] : options.settings) Set_Setting(trial, name, text);
+  if (trial.settings.Enable_Artificial_Intelligence != "YES") return;
+  err << "quillspeech: note: without --language no words are looked for, so "
+         "Enable_Artificial_Intelligence stays NO\n";
+}
+
+}  // namespace
+
 bool Check_Options(const RunOptions& options, std::ostream& err) {
   const auto trial = std::make_unique<SessionOnFiles>();
   bool accepted = true;
@@ -153,7 +168,7 @@ bool Check_Options(const RunOptions& options, std::ostream& err) {
     accepted = Check_Setting(*trial, name, text, err) && accepted;
   }
   if (!accepted) return false;
-  trial->boxes.shown.clear();
+  Note_Matching_Without_Language(options, trial->session, err);
   Apply_Options(options, trial->session);
   const Settings& settings = trial->session.settings;
   if (settings.Enable_Artificial_Intelligence == "YES") {
@@ -165,24 +180,19 @@ bool Check_Options(const RunOptions& options, std::ostream& err) {
   return true;
 }
 
-namespace {
-
-// Letters to insert, delete or change until one name is the other, whatever their case.
-std::size_t Distance(const std::string& one, const std::string& other) {
-  std::vector<std::size_t> row(other.size() + 1);
-  for (std::size_t j = 0; j < row.size(); ++j) row[j] = j;
-  for (std::size_t i = 1; i <= one.size(); ++i) {
-    std::size_t diagonal = std::exchange(row[0], i);
-    for (std::size_t j = 1; j <= other.size(); ++j) {
-      const std::size_t change = diagonal + (one[i - 1] == other[j - 1] ? 0 : 1);
-      diagonal = row[j];
-      row[j] = std::min({change, row[j] + 1, row[j - 1] + 1});
-    }
+UsedFiles Used_Files(const RunOptions& options) {
+  const auto trial = std::make_unique<SessionOnFiles>();
+  Apply_Options(options, trial->session);
+  const Settings& settings = trial->session.settings;
+  UsedFiles used;
+  if (settings.Enable_Artificial_Intelligence == "YES") {
+    used.language = settings.Consider_this_Lang_File_to_match;
   }
-  return row.back();
+  if (Is_Engine_File_Name(settings.Consider_this_Engine_for_Recognition)) {
+    used.engine = settings.Consider_this_Engine_for_Recognition;
+  }
+  return used;
 }
-
-}  // namespace
 
 std::vector<std::string> Nearest_Settings(const std::string& name) {
   constexpr std::size_t Most_Names = 3;
@@ -190,7 +200,7 @@ std::vector<std::string> Nearest_Settings(const std::string& name) {
   std::vector<std::pair<std::size_t, std::string>> by_distance;
   for (const Member& member : Setting_Members()) {
     const std::string candidate = Lower_Case(member.name);
-    const std::size_t distance = Distance(wanted, candidate);
+    const std::size_t distance = Letters_Between(wanted, candidate);
     const bool is_part = wanted.size() >= 4 && candidate.find(wanted) != std::string::npos;
     if (is_part || distance <= std::max<std::size_t>(2, name.size() / 3)) {
       by_distance.emplace_back(distance, member.name);

@@ -41,6 +41,13 @@ void Apply_Options(const RunOptions& options, Session& session);
 // what is stored otherwise, which file does not exist. False when the run must not begin.
 bool Check_Options(const RunOptions& options, std::ostream& err);
 
+// The data files that a run with these options reads; empty where it reads none.
+struct UsedFiles {
+  std::string language;
+  std::string engine;
+};
+UsedFiles Used_Files(const RunOptions& options);  // Check_Options took them
+
 // Up to three names of settings that look like the one given, nearest first.
 std::vector<std::string> Nearest_Settings(const std::string& name);
 

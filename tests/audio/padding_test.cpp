@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "tests/support/failures.hpp"
 #include "tests/support/wave_builder.hpp"
 
 namespace quillspeech {
@@ -73,7 +74,7 @@ TEST(PadWithSilence, Bytes_that_the_file_lacks_give_way_to_silence) {
 
 TEST(PadWithSilence, A_result_beyond_32_bits_is_an_overflow_that_takes_no_memory) {
   Sample sample = Sample_Of(3, tests::Pcm(1, 8, 8000));
-  EXPECT_EQ(tests::Failure_Number([&] { Pad_With_Silence(sample, 268'435'456); }), 6);  // 2^31
+  EXPECT_EQ(tests::Failure_Of([&] { Pad_With_Silence(sample, 268'435'456); }), 6);  // 2^31
   EXPECT_EQ(Bytes_Of(sample), (Values{1, 2, 3}));
   EXPECT_EQ(sample.Samples_Per_Capture, 3);
   EXPECT_EQ(sample.Wave_Header_Buffer_Length, 3);

@@ -86,6 +86,7 @@ class CommandTest : public testing::Test {
     std::ostringstream err_stream;
     cli::Console console{in, out_stream, err_stream};
     console.colour = colour;
+    console.out_is_terminal = out_is_terminal;
     console.err_is_terminal = err_is_terminal;
     console.interrupted = &interrupted;
     const int status = cli::Run_Command_Line(arguments, console);
@@ -111,6 +112,7 @@ class CommandTest : public testing::Test {
   std::string out;
   std::string err;
   bool colour = false;
+  bool out_is_terminal = false;
   bool err_is_terminal = false;
   std::atomic<bool> interrupted = false;
 

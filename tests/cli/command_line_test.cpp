@@ -71,22 +71,139 @@ TEST_F(CommandLine, Text_is_padded_by_characters_and_not_by_bytes) {
   EXPECT_EQ(cli::Padded("hello", 3), "hello");
 }
 
-TEST_F(CommandLine, A_few_files_need_no_progress) {
+TEST_F(CommandLine, Help_that_cannot_be_written_is_a_failure) {
   std::istringstream in;
-  std::ostringstream sink;
-  cli::Console console{in, sink, sink};
-  console.err_is_terminal = true;
-  cli::Progress progress(console, 3);
-  for (int i = 0; i < 3; ++i) progress.One_More();
-  EXPECT_EQ(sink.str(), "");
+  std::ofstream full("/dev/full");
+  std::ostringstream err_stream;
+  cli::Console console{in, full, err_stream};
+  EXPECT_EQ(cli::Run_Command_Line({"--help"}, console), 1);
+  EXPECT_EQ(err_stream.str(), "quillspeech: the results could not be written\n");
 }
 
-TEST_F(CommandLine, Nobody_who_does_not_watch_is_shown_progress) {
+TEST_F(CommandLine, A_data_command_complains_once_of_results_that_cannot_be_written) {
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
+  for (const auto* command : {"dump", "check"}) {
+    std::istringstream in;
+    std::ofstream full("/dev/full");
+    std::ostringstream err_stream;
+    cli::Console console{in, full, err_stream};
+    EXPECT_EQ(cli::Run_Command_Line({command, language}, console), 1);
+    EXPECT_EQ(err_stream.str(), "quillspeech: the results could not be written\n") << command;
+  }
+}
+
+TEST_F(CommandLine, An_unknown_command_is_named_with_the_one_that_was_meant) {
+  EXPECT_EQ(Run({"recognise", "low.wav"}), 2);
+  EXPECT_EQ(err,
+            "quillspeech: no command is called recognise; did you mean recognize?\n"
+            "Try quillspeech --help.\n");
+  EXPECT_EQ(Run({"sing"}), 2);
+  EXPECT_EQ(err, "quillspeech: no command is called sing\nTry quillspeech --help.\n");
+}
+
+TEST_F(CommandLine, A_sound_that_looks_like_an_option_is_told_where_to_stand) {
+  for (const auto* name : {"-x.wav", "--x.WAV"}) {
+    EXPECT_EQ(Run({"recognize", name}), 2);
+    EXPECT_NE(err.find("stands behind --, as in: -- " + std::string(name)), std::string::npos)
+        << err;
+  }
+  EXPECT_EQ(Run({"recognize", "--", "-x.wav"}), 1);
+  EXPECT_NE(err.find("-x.wav: Sorry ! Couldn't open"), std::string::npos) << err;
+}
+
+TEST_F(CommandLine, Help_shows_no_default_as_if_it_were_typed) {
+  for (const auto* command : {"recognize", "learn", "evaluate"}) {
+    Run({command, "--help"});
+    for (const auto* odd : {"live=", "N=", "FILE="}) {
+      EXPECT_EQ(out.find(odd), std::string::npos) << command << " " << odd;
+    }
+  }
+}
+
+TEST_F(CommandLine, A_file_option_with_an_empty_text_is_wrong_usage) {
+  const auto file = Put_Sound("low_1.wav", Low_Word());
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
+  const std::vector<std::vector<std::string>> Commands = {
+      {"recognize", file}, {"learn", "--word", "low", file}, {"evaluate", file}};
+  for (const auto& command : Commands) {
+    auto without_name = command;
+    without_name.insert(without_name.begin() + 1, {"--language", ""});
+    auto without_engine = command;
+    without_engine.insert(without_engine.begin() + 1, {"--language", language, "--engine", ""});
+    for (const auto& arguments : {without_name, without_engine}) {
+      EXPECT_EQ(Run(arguments), 2) << command[0];
+      EXPECT_NE(err.find("takes the name of a file, not an empty text"), std::string::npos) << err;
+    }
+  }
+  EXPECT_EQ(Run({"recognize", "--language=", file}), 2);
+  EXPECT_EQ(Run({"recognize", "--graph", "", file}), 2);
+  EXPECT_EQ(Run({"evaluate", "--language", language, "--labels", "", file}), 2);
+}
+
+// The line of progress, with a clock that the test turns.
+class ProgressLine : public testing::Test {
+ protected:
+  cli::Progress Watch(std::optional<std::size_t> total) {
+    return cli::Progress(console, total, [this] { return now; });
+  }
+
   std::istringstream in;
   std::ostringstream sink;
-  cli::Console console{in, sink, sink};
-  cli::Progress progress(console, 1000);
-  for (int i = 0; i < 1000; ++i) progress.One_More();
+  cli::Console console{in, sink, sink, true, true};
+  cli::Progress::Time now{};
+};
+
+using std::chrono::milliseconds;
+
+TEST_F(ProgressLine, It_is_shown_once_the_work_has_lasted_a_second) {
+  auto progress = Watch(3);
+  now += milliseconds(999);
+  progress.One_More();
+  EXPECT_EQ(sink.str(), "");
+  now += milliseconds(1);
+  progress.One_More();
+  EXPECT_EQ(sink.str(), "\r2 of 3 files");
+}
+
+TEST_F(ProgressLine, It_moves_ten_times_a_second_at_most) {
+  auto progress = Watch(std::nullopt);
+  now += milliseconds(1000);
+  progress.One_More();
+  now += milliseconds(99);
+  progress.One_More();
+  EXPECT_EQ(sink.str(), "\r1 files");
+  now += milliseconds(1);
+  progress.One_More();
+  EXPECT_EQ(sink.str(), "\r1 files\r3 files");
+}
+
+TEST_F(ProgressLine, It_is_cleared_for_other_lines_and_comes_back_with_the_next_file) {
+  auto progress = Watch(5);
+  progress.Clear();
+  EXPECT_EQ(sink.str(), "");
+  now += milliseconds(1000);
+  progress.One_More();
+  progress.Clear();
+  progress.Clear();
+  EXPECT_EQ(sink.str(), "\r1 of 5 files\r\x1b[K");
+  progress.One_More();
+  EXPECT_EQ(sink.str(), "\r1 of 5 files\r\x1b[K\r2 of 5 files");
+}
+
+TEST_F(ProgressLine, The_end_of_the_work_clears_it) {
+  {
+    auto progress = Watch(1);
+    now += milliseconds(1000);
+    progress.One_More();
+  }
+  EXPECT_EQ(sink.str(), "\r1 of 1 files\r\x1b[K");
+}
+
+TEST_F(ProgressLine, Nobody_who_does_not_watch_is_shown_it) {
+  console.err_is_terminal = false;
+  auto progress = Watch(1000);
+  now += milliseconds(5000);
+  progress.One_More();
   EXPECT_EQ(sink.str(), "");
 }
 

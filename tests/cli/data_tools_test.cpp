@@ -145,7 +145,7 @@ TEST_F(DataTools, Output_that_cannot_be_written_is_an_error) {
   const std::string file = Put("a.SAY", "x");
   out_.setstate(std::ios::badbit);
   EXPECT_EQ(Dump(file), Exit_File_Failed);
-  EXPECT_EQ(err_.str(), "quillspeech dump: the output cannot be written\n");
+  EXPECT_EQ(err_.str(), "");  // whoever made the stream complains
 }
 
 TEST_F(DataTools, Wrong_JSON_leaves_the_data_file_as_it_was) {
@@ -244,7 +244,9 @@ class DataCommands : public DataTools {
   int Run(const std::vector<std::string>& arguments) {
     CLI::App app;
     int exit_status = -1;
-    Add_Data_Commands(app, exit_status);
+    std::istringstream in;
+    Console console{in, out_, err_};
+    Add_Data_Commands(app, console, exit_status);
     app.require_subcommand(1);
     try {
       app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
@@ -258,12 +260,10 @@ class DataCommands : public DataTools {
 TEST_F(DataCommands, The_command_line_reaches_each_command) {
   const std::string json = Put("a.json", Hello);
   EXPECT_EQ(Run({"build", json, Path("a.SAY")}), Exit_Done);
-  testing::internal::CaptureStdout();
   EXPECT_EQ(Run({"check", Path("a.SAY")}), Exit_Done);
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "no damage\n");
-  testing::internal::CaptureStdout();
+  EXPECT_EQ(out_.str(), "no damage\n");
   EXPECT_EQ(Run({"dump", "--as", "language", Path("a.SAY")}), Exit_Done);
-  EXPECT_NE(testing::internal::GetCapturedStdout().find("fth*s"), std::string::npos);
+  EXPECT_NE(out_.str().find("fth*s"), std::string::npos);
 }
 
 TEST_F(DataCommands, Missing_names_and_unknown_kinds_are_wrong_usage) {

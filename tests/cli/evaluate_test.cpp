@@ -110,6 +110,31 @@ TEST_F(Evaluate, A_list_of_labels_that_cannot_be_read_is_wrong_usage) {
   EXPECT_NE(err.find("line 2"), std::string::npos);
 }
 
+TEST_F(Evaluate, A_list_of_labels_that_is_a_folder_is_wrong_usage) {
+  const auto file = Put_Sound("low_1.wav", Low_Word());
+  EXPECT_EQ(Run({"evaluate", "--language", Path("w.SAY"), "--labels", Path(""), file}), 2);
+  EXPECT_NE(err.find("quillspeech: --labels: "), std::string::npos) << err;
+  EXPECT_FALSE(Exists("w.SAY"));
+}
+
+TEST_F(Evaluate, Shared_patterns_are_those_of_the_file_that_the_settings_end_with) {
+  Put_Language("other.SAY", {Record().Word("deep").Pattern("oadb*")});
+  const auto file = Put_Sound("low_1.wav", Low_Word());
+  EXPECT_EQ(Run({"evaluate", "--json", "--language", Path("w.SAY"), "--set",
+                 "Consider_this_Lang_File_to_match=" + Path("other"), file}),
+            0)
+      << err;
+  const auto shared = Json_Lines().at(0)["shared_patterns"];
+  ASSERT_EQ(shared.size(), 1U);
+  EXPECT_EQ(shared[0]["pattern"], "oadb*");
+  EXPECT_FALSE(Exists("w.SAY"));
+}
+
+TEST_F(Evaluate, No_sounds_are_none_of_none_right) {
+  EXPECT_EQ(Run({"evaluate", "--language", Confused_Language(), "-"}), 0);
+  EXPECT_EQ(out, "\n0 wrong, 0 without an answer\n0 of 0 right\n");
+}
+
 TEST_F(Evaluate, Words_are_compared_as_UTF_8) {
   const auto language = Put_Language("w.SAY", {Record().Word("gr\xFC\xDF").Pattern("oa*")});
   const auto file = Put_Sound("gr\xC3\xBC\xC3\x9F_1.wav", Low_Word());

@@ -1,5 +1,12 @@
 #include "cli/learn.hpp"
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <thread>
+
 #include "base/text.hpp"
 #include "tests/cli/command_fixture.hpp"
 
@@ -125,11 +132,109 @@ TEST_F(Learn, A_record_can_be_named_and_gets_the_word_that_it_lacks) {
 
 TEST_F(Learn, The_record_behind_the_last_can_be_named_and_none_beyond) {
   Put_Language("w.SAY", {Record().Word("low").Pattern("x")});
-  EXPECT_EQ(Teach("low", {"--record", "3", Low()}), 1);
-  EXPECT_NE(err.find("bad record number"), std::string::npos);
+  EXPECT_EQ(Teach("low", {"--record", "3", Path("unheard.wav")}), 2);
+  EXPECT_EQ(err, "quillspeech: --record 3: the next new record of " + Path("w.SAY") + " is 2\n");
   EXPECT_EQ(Content("w.SAY").size(), 8476U);
   EXPECT_EQ(Teach("low", {"--record", "2", Low()}), 0);
   EXPECT_EQ(Content("w.SAY").size(), 2 * 8476U);
+}
+
+TEST_F(Learn, A_file_that_is_not_there_begins_with_record_1) {
+  EXPECT_EQ(Teach("low", {"--record", "2", Low()}), 2);
+  EXPECT_NE(err.find("the next new record of " + Path("w.SAY") + " is 1"), std::string::npos);
+  EXPECT_FALSE(Exists("w.SAY"));
+  EXPECT_EQ(Teach("low", {"--record", "1", Low()}), 0);
+}
+
+TEST_F(Learn, A_record_number_has_31_bits) {
+  for (const std::string number : {"0", "-1", "2147483648", "many"}) {
+    EXPECT_EQ(Teach("low", {"--record", number, Low()}), 2);
+    EXPECT_TRUE(
+        err.starts_with("quillspeech: --record: takes a whole number from 1 to 2147483647, not \"" +
+                        number + "\"\n"))
+        << err;
+  }
+  EXPECT_EQ(Teach("low", {"--record", "2147483647", Low()}), 2);
+  EXPECT_NE(err.find("the next new record of"), std::string::npos);
+}
+
+// Whether a thread sleeps while the process has the file open more than once.
+bool Sleeps_Over_File(pid_t thread, const std::string& path) {
+  std::ifstream stat("/proc/self/task/" + std::to_string(thread) + "/stat");
+  std::string line;
+  std::getline(stat, line);
+  if (line.find(") S ") == std::string::npos) return false;
+  int open = 0;
+  for (int number = 0; number < 100; ++number) {
+    std::error_code none;
+    const auto link = "/proc/self/fd/" + std::to_string(number);
+    if (std::filesystem::read_symlink(link, none) == path) ++open;
+  }
+  return open > 1;
+}
+
+TEST_F(Learn, Those_who_learn_at_the_same_time_lose_no_word) {
+  const auto file = Put_Language("w.SAY", {Record().Word("first").Pattern("x")});
+  const auto sound = Low();
+  const int other = ::open(file.c_str(), O_RDWR | O_CLOEXEC);
+  ASSERT_EQ(::flock(other, LOCK_SH), 0);  // others may read, but not write
+  std::atomic<pid_t> thread = 0;
+  std::atomic<bool> done = false;
+  std::thread learner([&] {
+    thread = ::gettid();
+    EXPECT_EQ(Teach("low", {sound}), 0) << err;
+    done = true;
+  });
+  while (!done && (thread == 0 || !Sleeps_Over_File(thread, file))) std::this_thread::yield();
+  EXPECT_FALSE(done);
+  Record record = Record().Word("second").Pattern("y");
+  const auto bytes = Language_File({record});
+  EXPECT_EQ(::pwrite(other, bytes.data(), bytes.size(), 8476), 8476);
+  ::close(other);
+  learner.join();
+  ASSERT_EQ(Content("w.SAY").size(), 3 * 8476U);
+  EXPECT_EQ(Trim(Language_Record("w.SAY", 2).Words(1)), "second");
+  EXPECT_EQ(Trim(Language_Record("w.SAY", 3).Words(1)), "low");
+}
+
+TEST_F(Learn, A_string_with_wildcards_is_no_pattern) {
+  for (const std::string letters : {"a*", "?", "#b", "[c"}) {
+    const auto engine = Put("e.EGN", Engine_File({{4, letters}, {6, "y"}}));
+    EXPECT_EQ(Teach("low", {"--engine", engine, Low()}), 1);
+    EXPECT_EQ(err, "quillspeech: " + Path("low.wav") + ": gave \"y" + letters +
+                       "\", which is not added: the engine's letters *, ?, # or [ would be "
+                       "wildcards in a pattern\n");
+    EXPECT_FALSE(Exists("w.SAY"));
+  }
+}
+
+TEST_F(Learn, A_pattern_of_exactly_a_hundred_characters_is_added) {
+  // Twenty letters a slot fill whole fields of the engine file.
+  const std::string twenty(20, 'x');
+  const std::string other(20, 'y');
+  const auto engine = Put("e.EGN", Engine_File({{4, twenty}, {6, other}}));
+  Sound sound = Silence(Bytes(3000));
+  for (int i = 0; i < 5; ++i) {
+    sound =
+        sound + Tone(i % 2 == 0 ? 500_Hz : 300_Hz, Amplitude(i % 2 == 0 ? 90 : 60), Bytes(5000));
+  }
+  EXPECT_EQ(Teach("low", {"--engine", engine, "--set", "Filter_Pass_Value=1",
+                          Put_Sound("hundred.wav", sound + Silence(Bytes(9000)))}),
+            0)
+      << err;
+  EXPECT_EQ(Trim(Language_Record("w.SAY", 1).LikeProtocols(1)),
+            other + twenty + other + twenty + other);
+}
+
+TEST_F(Learn, A_record_with_a_hundred_words_takes_no_other) {
+  Record full;
+  for (int i = 0; i < 100; ++i) full.Word("word" + std::to_string(i));
+  Put_Language("w.SAY", {full.Pattern("x")});
+  const auto before = Content("w.SAY");
+  EXPECT_EQ(Teach("low", {"--record", "1", Low()}), 1);
+  EXPECT_EQ(err, "quillspeech: " + Path("w.SAY") + ": the record is full with 100 words\n");
+  EXPECT_EQ(Content("w.SAY"), before);
+  EXPECT_EQ(Teach("word99", {"--record", "1", Low()}), 0);
 }
 
 TEST_F(Learn, An_empty_pattern_is_not_added_and_fails) {

@@ -4,7 +4,8 @@
 
 #include <atomic>
 #include <barrier>
-#include <latch>
+#include <chrono>
+#include <future>
 #include <stdexcept>
 
 namespace quillspeech::cli {
@@ -57,20 +58,21 @@ TEST(OrderedBatch, Two_workers_work_at_the_same_time) {
 }
 
 TEST(OrderedBatch, A_result_is_delivered_while_the_next_item_is_awaited) {
-  std::latch first_delivered(1);
+  std::promise<void> first_delivered;
+  auto status = std::future_status::timeout;
   int next = 0;
   OrderedBatch<int, int> batch;
   batch.next = [&]() -> std::optional<int> {
-    if (next == 1) first_delivered.wait();
+    if (next == 1) status = first_delivered.get_future().wait_for(std::chrono::seconds(10));
     if (next == 2) return std::nullopt;
     return next++;
   };
   batch.work = [](const int& item) { return item; };
   batch.deliver = [&](int&& result) {
-    if (result == 0) first_delivered.count_down();
+    if (result == 0) first_delivered.set_value();
   };
   batch.Run(2);
-  SUCCEED();
+  EXPECT_EQ(status, std::future_status::ready);
 }
 
 TEST(OrderedBatch, Only_a_few_items_are_taken_ahead_of_the_results) {

@@ -367,6 +367,28 @@ TEST_F(Recognize, A_graph_of_several_files_is_wrong_usage) {
   EXPECT_FALSE(Exists("g.svg"));
 }
 
+TEST_F(Recognize, A_graph_in_the_place_of_a_file_that_the_run_reads_is_wrong_usage) {
+  const auto file = Put_Sound("low.wav", Low_Word());
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
+  const auto engine = Put("e.EGN", Engine_File({{4, "x"}, {6, "y"}}));
+  std::filesystem::create_symlink(language, Path("link.svg"));
+  const auto before = Content("w.SAY");
+  for (const auto& graph : {file, language, engine, Path("link.svg"), Path("./e.EGN")}) {
+    EXPECT_EQ(
+        Run({"recognize", "--language", language, "--engine", engine, "--graph", graph, file}), 2)
+        << graph;
+    EXPECT_EQ(err, "quillspeech: --graph: " + graph + " is a file that the run reads\n");
+    EXPECT_EQ(out, "");
+  }
+  EXPECT_EQ(Content("w.SAY"), before);
+  EXPECT_EQ(Run({"recognize", "--language", Path("new.SAY"), "--graph", Path("new.SAY"), file}), 2);
+}
+
+TEST_F(Recognize, A_trace_without_JSON_is_told_to_be_useless) {
+  EXPECT_EQ(Run({"recognize", "--trace", Put_Sound("low.wav", Low_Word())}), 0);
+  EXPECT_EQ(err, "quillspeech: note: --trace tells nothing without --json\n");
+}
+
 TEST_F(Recognize, A_graph_that_cannot_be_drawn_or_written_is_a_failure) {
   const auto file = Put_Sound("low.wav", Low_Word());
   EXPECT_EQ(Run({"recognize", "--graph", Path("no/g.svg"), file}), 1);

@@ -123,12 +123,41 @@ TEST_F(RunOptions, The_language_option_appends_no_extension_and_the_setting_does
   EXPECT_TRUE(Exists("other.SAY"));
 }
 
-TEST_F(RunOptions, A_setting_can_switch_the_matching_on_without_a_language) {
+TEST_F(RunOptions, Without_a_language_no_setting_switches_the_matching_on) {
   const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
   const auto json = Recognize_As_Json({"--set", "Enable_Artificial_Intelligence=YES", "--set",
                                        "Consider_this_Lang_File_to_match=" + language,
                                        Put_Sound("low.wav", Low_Word())});
-  EXPECT_EQ(json["Platinum_Best"][0], "low");
+  EXPECT_EQ(json["Platinum_Best"][0], "");
+  EXPECT_EQ(json["Voice_Word"], Low_Pattern);
+  EXPECT_EQ(err,
+            "quillspeech: note: without --language no words are looked for, so "
+            "Enable_Artificial_Intelligence stays NO\n");
+}
+
+TEST_F(RunOptions, With_a_language_a_setting_switches_the_matching_off) {
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
+  const auto json =
+      Recognize_As_Json({"--language", language, "--set", "Enable_Artificial_Intelligence=NO",
+                         Put_Sound("low.wav", Low_Word())});
+  EXPECT_EQ(json["Platinum_Best"][0], "");
+  EXPECT_EQ(err, "");
+}
+
+TEST_F(RunOptions, A_path_is_file_or_live_and_nothing_else) {
+  const auto file = Put_Sound("low.wav", Low_Word());
+  for (const std::string path : {"0", "1", "File", "sideways"}) {
+    EXPECT_EQ(Run({"recognize", "--path", path, file}), 2);
+    EXPECT_TRUE(err.starts_with("quillspeech: --path: takes file or live, not \"" + path + "\"\n"))
+        << err;
+  }
+}
+
+TEST_F(RunOptions, A_number_beyond_its_range_is_refused_with_the_range) {
+  EXPECT_EQ(Run({"recognize", "--jobs", "257", "x.wav"}), 2);
+  EXPECT_TRUE(
+      err.starts_with("quillspeech: --jobs: takes a whole number from 0 to 256, not \"257\"\n"))
+      << err;
 }
 
 TEST_F(RunOptions, An_engine_name_without_its_extension_fails_every_file) {

@@ -318,6 +318,26 @@ TEST_F(DataFileOnDisk, Nobody_waits_when_a_call_has_ended_or_failed) {
   { const OtherUser writer(Path("a.say"), LOCK_EX); }
 }
 
+TEST_F(DataFileOnDisk, A_held_file_is_locked_between_its_calls_until_it_is_closed) {
+  const std::string path = Put("a.say", FileBytes(100, 1));
+  const int other = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  linux::DataFileStore holding(linux::DataFileStore::Locking::Held);
+  auto file = holding.Open(path);
+  const auto is_locked = [&] { return ::flock(other, LOCK_SH | LOCK_NB) != 0; };
+  EXPECT_TRUE(is_locked());
+  EXPECT_EQ(file->Length(), 100);
+  EXPECT_TRUE(is_locked());
+  FileBytes bytes(1);
+  EXPECT_EQ(file->Read(0, bytes), 1);
+  EXPECT_TRUE(is_locked());
+  file->Write(0, FileBytes{9});
+  EXPECT_TRUE(is_locked());
+  file.reset();
+  EXPECT_FALSE(is_locked());
+  EXPECT_EQ(Content("a.say")[0], 9);
+  ::close(other);
+}
+
 TEST_F(DataFileOnDisk, A_lock_that_is_refused_is_failure_57) {
   const std::string path = Put("a.say", FileBytes(100, 1));
   const auto file = store.Open(path);
