@@ -84,10 +84,23 @@ void Clear_Slice_Tables(Session& session) {
   session.words.Decimated_Samples.Clear();
 }
 
+namespace {
+
+// Sessions that share the tables ask for one only when their level changes: jobs would wait for
+// each other at every slice.
+const AngleTable& Angles_For(Slice& slice, int level) {
+  if (!slice.angles || slice.angles->Level() != level) {
+    slice.angles = slice.angle_tables->For_Level(level);
+  }
+  return *slice.angles;
+}
+
+}  // namespace
+
 void Count_Valleys(Session& session, std::int64_t level) {
   Slice& slice = session.slice;
-  const auto angles = slice.angle_tables->For_Level(static_cast<int>(level));
-  Compute_Curve(slice.Autocorrelation, *angles, slice.Magnitude, slice.Magnitude_dB,
+  const AngleTable& angles = Angles_For(slice, static_cast<int>(level));
+  Compute_Curve(slice.Autocorrelation, angles, slice.Magnitude, slice.Magnitude_dB,
                 slice.Curve_Bins_In_Use);
   slice.Engine_Category =
       Find_Valleys(slice.Magnitude_dB, static_cast<int>(level), slice.Valley_dB, slice.Valley_Bin);

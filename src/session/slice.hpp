@@ -10,6 +10,7 @@
 
 namespace quillspeech {
 
+class AngleTable;
 class AngleTables;
 
 struct Slice {
@@ -32,6 +33,7 @@ struct Slice {
 
   // Sines and cosines by level. Sessions of one run may share them.
   std::shared_ptr<AngleTables> angle_tables;
+  std::shared_ptr<const AngleTable> angles;  // of the level used last
 };
 
 }  // namespace quillspeech
