@@ -12,7 +12,7 @@ namespace quillspeech {
 namespace {
 
 constexpr std::int64_t Longest_Word_Bytes = 45'000;
-constexpr std::int64_t Longest_Silent_Echo_Bytes = 2'000;
+constexpr std::int64_t Longest_Unechoed_Word_Bytes = 2'000;
 constexpr std::int64_t Echo_Margin_Bytes = 200;
 
 // Keeps the capture clock and the pump out while slices yield.
@@ -84,14 +84,14 @@ void Process_Word(Session& session, std::int64_t number) {
   if (settings.This_Audio_Process == "NO" || session.flags.Stop_Sample_Flag == 1) return;
   session.words.Current_Word_no_Processed = number;
   const Word word{session.words.Word_Start[number], session.words.Word_End[number]};
-  Enter_Word(session.words, number);
   Hold_Capture(session);
+  Enter_Word(session.words, number);
   if (settings.Noise_Word_No_CutOff <= number) {
     session.flags.Analysis_Running = 0;
     return;
   }
   if (word.end >= session.sample.Samples_Per_Capture || word.Length() > Longest_Word_Bytes) return;
-  if (settings.Speech_echo_feature == "YES" && word.Length() > Longest_Silent_Echo_Bytes) {
+  if (settings.Speech_echo_feature == "YES" && word.Length() > Longest_Unechoed_Word_Bytes) {
     session.operations.Play_Echo(session, word.start, word.end - Echo_Margin_Bytes);
   }
   Analyse_Word(session, word);

@@ -49,16 +49,17 @@ std::optional<std::int64_t> Find_Deep_Words(Session& session, const DeepLevel& l
   Take_Word_Grid(session.sample, words, word.first_byte, word.last_byte - 1);
   Find_Hits(words, Deep_Scan);
   Find_Gaps(words.scan, word.Length());
+  Release_Capture_When_Quiet(session);
   Bound_Words(words.scan, word.Length(), {level.start, level.end});
   Draw_Graph_When_Wanted(session);
   if (words.scan.Forward_Hit_Count + words.scan.Backward_Hit_Count == 0) return std::nullopt;
   return Count_Words(words.scan);
 }
 
-// Analyses the level's words; `descend` takes the absolute bounds of each and tells whether the
-// sites of analysis follow.
-template <class Descend>
-void Analyse_Level(Session& session, const DeepLevel& level, SliceSpan word, Descend descend) {
+// Analyses the level's words; `prepare` first takes the absolute bounds of each and tells whether
+// the word is analysed at this level.
+template <class Prepare>
+void Analyse_Level(Session& session, const DeepLevel& level, SliceSpan word, Prepare prepare) {
   if (Is_Stopped(session)) return;
   word.last_byte = End_Within_Sample(session.sample, word.last_byte);
   session.words.Sample_Span = word.Length();
@@ -74,7 +75,7 @@ void Analyse_Level(Session& session, const DeepLevel& level, SliceSpan word, Des
     const std::int64_t end = level.end[number];
     level.length.Put(number, Checked32(end - start).Raw());
     const SliceSpan part{word.first_byte + start, word.first_byte + end};
-    if (descend(part)) {
+    if (prepare(part)) {
       Analyse_File_Word(session, part.first_byte, part.last_byte, Longest_Analysed_Bytes);
     }
   }
@@ -105,8 +106,12 @@ void Analyse_Too_Deep_Word(Session& session, std::int64_t first_byte, std::int64
   const DeepLevel level{words.Too_Deep_Word_Start,  words.Too_Deep_Word_End,
                         words.Too_Deep_Word_Length, words.Current_TooDeepWord_no_Processed,
                         "Quillspeech ERROR",        "CANNOT PROCESS CODE: WDD"};
-  const auto descend = [](SliceSpan part) { return part.Length() <= Longest_Too_Deep_Word_Bytes; };
-  Run_Trapped(session, [&] { Analyse_Level(session, level, {first_byte, last_byte}, descend); });
+  const auto is_short_enough = [](SliceSpan part) {
+    return part.Length() <= Longest_Too_Deep_Word_Bytes;
+  };
+  Run_Trapped(session, [&] {
+    Analyse_Level(session, level, {first_byte, last_byte}, is_short_enough);
+  });
 }
 
 }  // namespace quillspeech

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::int64_t Shortest_Span = 10;
 constexpr std::int64_t Shortest_Usable_Span = 1'000;
-constexpr std::int64_t Quiet_Sample_Hits = 100;
+constexpr std::int64_t Quiet_Stretch_Hits = 100;
 
 void Clear_Words(WordTables& words) {
   Clear_Scan(words.scan);
@@ -63,7 +63,6 @@ bool Prepare_Sample(Session& session) {
   WordTables& words = session.words;
   const Checked32 span = session.sample.Wave_Header_Buffer_Length - 1;
   words.Last_Sample_Index = words.Sample_Span = span;
-  words.Word_Table_Divisor = 10;
   if (span >= Shortest_Span) {
     Resize_Sample_Arrays(session, span);
     const std::int64_t upper = Rounded_Quotient(span, words.Word_Table_Divisor);
@@ -86,12 +85,17 @@ void Find_Sample_Words(Session& session) {
   Take_Sample_Grid(session.sample, words, span);
   Find_Hits(words, {ForwardHits::By_Amplitude, limit, limit});
   Find_Gaps(words.scan, span);
-  if (words.scan.Forward_Hit_Count + words.scan.Backward_Hit_Count < Quiet_Sample_Hits) {
-    session.flags.Capture_Busy = 0;
-  }
+  Release_Capture_When_Quiet(session);
   words.Probable_no_of_words_recognized = Count_Words(words.scan);
   Bound_Words(words.scan, span, {words.Word_Start, words.Word_End});
   Draw_Graph_When_Wanted(session);
+}
+
+void Release_Capture_When_Quiet(Session& session) {
+  const WordScanTables& scan = session.words.scan;
+  if (scan.Forward_Hit_Count + scan.Backward_Hit_Count < Quiet_Stretch_Hits) {
+    session.flags.Capture_Busy = 0;
+  }
 }
 
 void Enter_Word(WordTables& words, std::int64_t number) {

@@ -13,18 +13,21 @@ namespace quillspeech {
 // arrays and the entry tables, and sets the counters of the run to 0. What recognition found stays.
 void Clear_Analysis(Session& session);
 
-// Takes the sample's length into Last_Sample_Index and Sample_Span and makes the tables of the scan
-// and of level 1. False when the sample is too short for a run, below 11 bytes silently, below
-// 1,001 bytes with a message; Capture_Busy is cleared then.
+// Takes the sample's length into Last_Sample_Index and Sample_Span, makes the tables of the scan
+// and of level 1, and asks for all words again ("*" in Words_I_Want). False when the sample is too
+// short for a run, below 11 bytes silently, below 1,001 bytes with a message; Capture_Busy is
+// cleared then.
 bool Prepare_Sample(Session& session);
 
 // Resizes the arrays that hold a value for each byte to 0 to `span`, contents kept.
 void Resize_Sample_Arrays(Session& session, std::int64_t span);
 
 // Finds the words of the sample by Noise_Sensitivity: Probable_no_of_words_recognized, Word_Start
-// and Word_End; then draws the graph. A sample with fewer than 100 hits is quiet and clears
-// Capture_Busy.
+// and Word_End; releases the capture when it is quiet, and draws the graph.
 void Find_Sample_Words(Session& session);
+
+// Clears Capture_Busy when the scan of a stretch, at any level, has fewer than 100 hits.
+void Release_Capture_When_Quiet(Session& session);
 
 // Sets Word_Length at that word number, and enters the word in the three entry tables.
 void Enter_Word(WordTables& words, std::int64_t number);

@@ -67,12 +67,13 @@ namespace {
 
 void Find_Forward_Hits(WordTables& words, const ScanLimits& limits) {
   const bool by_change = limits.forward_hits == ForwardHits::By_Change;
+  const Checked16 below = -limits.forward;
   const std::int64_t last = words.Decimated_Count - 1;
   const std::int16_t* grid = words.Decimated_Samples.Read_Range(0, last);
   std::int64_t hits = words.scan.Forward_Hit_Count;
   for (std::int64_t k = 1; k <= last; ++k) {
     const std::int64_t distance = by_change ? grid[k] - grid[k - 1] : grid[k];
-    if (distance > limits.forward || distance < -limits.forward) {
+    if (distance > limits.forward || distance < below) {
       words.scan.Forward_Hits.Put(++hits, static_cast<std::int32_t>(k * Grid_Step_Bytes));
     }
   }
@@ -80,6 +81,7 @@ void Find_Forward_Hits(WordTables& words, const ScanLimits& limits) {
 }
 
 void Find_Backward_Hits(WordTables& words, std::int64_t limit) {
+  const Checked16 below = -limit;
   const std::int64_t count = words.Decimated_Count;
   const std::int16_t* grid = words.Decimated_Samples.Read_Range(0, count - 1);
   std::int16_t* reversed = words.Reversed_Decimated_Samples.Write_Range(0, count);
@@ -87,7 +89,7 @@ void Find_Backward_Hits(WordTables& words, std::int64_t limit) {
   for (std::int64_t k = 1; k <= count; ++k) {
     reversed[k] = grid[count - k];
     const std::int64_t change = reversed[k] - reversed[k - 1];
-    if (change > limit || change < -limit) {
+    if (change > limit || change < below) {
       words.scan.Backward_Hits.Put(++hits, static_cast<std::int32_t>(k * Grid_Step_Bytes));
     }
   }

@@ -18,7 +18,8 @@ inline constexpr std::int64_t Silent_Byte = 128;
 // distance from the grid sample before it. The backward pass always goes by the change.
 enum class ForwardHits { By_Amplitude, By_Change };
 
-// A hit is strictly further away than its limit.
+// A hit is strictly further away than its limit. Limits have 16 bits, and so have their negatives
+// (failure 6).
 struct ScanLimits {
   ForwardHits forward_hits = ForwardHits::By_Amplitude;
   std::int64_t forward = 0;
@@ -50,7 +51,8 @@ void Take_Word_Grid(const Sample& sample, WordTables& words, std::int64_t first,
 // Marks the hits of both passes: positions from the start, and from the end, of the stretch.
 void Find_Hits(WordTables& words, const ScanLimits& limits);
 
-// Marks the pauses between hits: a gap is strictly longer than 2 percent of `span` bytes. Failure 6
+// Marks the pauses between hits: a gap is strictly longer than Word_Gap_Threshold, set here to 2
+// percent of `span` bytes. Failure 6
 // when a pass has 32,767 hits or more: hits are counted in 16 bits here, with one to spare.
 void Find_Gaps(WordScanTables& scan, std::int64_t span);
 
