@@ -45,10 +45,10 @@ namespace two_lanes {
 #define VECTOR_BYTES 16
 #define LAG_VECTORS 5
 #ifdef __SSE2__
-#define ADD_PRODUCTS_OF_PAIRS(sum, a, b) sum + (Words)_mm_madd_epi16((__m128i)(a), (__m128i)(b))
+#define ADD_PRODUCTS_OF_PAIRS(sum, a, b) ((sum) + (Words)_mm_madd_epi16((__m128i)(a), (__m128i)(b)))
 #else
 #define ADD_PRODUCTS_OF_PAIRS(sum, a, b) \
-  sum + ((a) << 16 >> 16) * ((b) << 16 >> 16) + ((a) >> 16) * ((b) >> 16)
+  ((sum) + ((a) << 16 >> 16) * ((b) << 16 >> 16) + ((a) >> 16) * ((b) >> 16))
 #endif
 #include "analysis/spectrum_kernel.inc"
 }  // namespace two_lanes
@@ -58,7 +58,8 @@ namespace four_lanes {
 #define TARGET [[gnu::target("avx2")]]
 #define VECTOR_BYTES 32
 #define LAG_VECTORS 9
-#define ADD_PRODUCTS_OF_PAIRS(sum, a, b) sum + (Words)_mm256_madd_epi16((__m256i)(a), (__m256i)(b))
+#define ADD_PRODUCTS_OF_PAIRS(sum, a, b) \
+  ((sum) + (Words)_mm256_madd_epi16((__m256i)(a), (__m256i)(b)))
 #include "analysis/spectrum_kernel.inc"
 }  // namespace four_lanes
 
@@ -89,7 +90,7 @@ constexpr std::int64_t Surely_Fitting_Terms =
 std::int32_t Checked_Sum(const std::int16_t* x, std::int64_t terms, int lag) {
   std::int64_t sum = 0;
   for (std::int64_t j = 0; j < terms; ++j) {
-    sum += x[j] * x[j + lag];
+    sum += std::int64_t{x[j]} * x[j + lag];
     if (sum != static_cast<std::int32_t>(sum)) Fail(Failure::Overflow);
   }
   return static_cast<std::int32_t>(sum);
@@ -130,7 +131,7 @@ int Find_Turns(const double* curve, int level, double* values, std::int32_t* bin
     count += is_turn(curve[bin], curve[bin - 1]) & is_turn(curve[bin], curve[bin + 1]);
   }
   for (int i = 0; i < count; ++i) {
-    bins[i] = found[i];
+    bins[i] = found[i];  // NOLINT(clang-analyzer-core.uninitialized.Assign): all were written
     values[i] = curve[found[i]];
   }
   return count;

@@ -349,7 +349,7 @@ std::string Bytes_Of_Hex(const ParsedJson& json, const Place& place) {
   return bytes;
 }
 std::string Bytes_Of_Hex(const ParsedJson& json, const Place& place, std::size_t count) {
-  const std::string bytes = Bytes_Of_Hex(json, place);
+  std::string bytes = Bytes_Of_Hex(json, place);
   if (bytes.size() != count) {
     Refuse(place, "has " + std::to_string(bytes.size()) + " bytes, and the field holds " +
                       std::to_string(count));

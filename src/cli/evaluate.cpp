@@ -64,7 +64,7 @@ Judged Judge(const RecognitionRun& run, const std::optional<std::string>& expect
     answer.answer = words.front().word;
     answer.percentage = words.front().percentage;
   }
-  if (!expected) judged.complaints.push_back("has no word in the list of labels");
+  if (!expected) judged.complaints.emplace_back("has no word in the list of labels");
   if (!judged.complaints.empty() || !run.Complaints().empty()) {
     answer.outcome = Outcome::Failed;
   } else if (answer.answer.empty()) {

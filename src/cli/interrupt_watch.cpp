@@ -2,7 +2,7 @@
 
 #include <poll.h>
 #include <pthread.h>
-#include <signal.h>
+#include <signal.h>  // NOLINT(modernize-deprecated-headers): sigset_t is not in csignal
 #include <sys/eventfd.h>
 #include <unistd.h>
 
@@ -30,7 +30,8 @@ InterruptWatch::InterruptWatch() : event_(::eventfd(0, EFD_CLOEXEC)) {
 
 InterruptWatch::~InterruptWatch() {
   is_over_ = true;
-  pthread_kill(thread_.native_handle(), SIGTERM);
+  // The thread waits for the signal in sigwait; nothing is terminated.
+  pthread_kill(thread_.native_handle(), SIGTERM);  // NOLINT(bugprone-bad-signal-to-kill-thread)
   thread_.join();
   if (event_ >= 0) ::close(event_);
 }

@@ -83,7 +83,7 @@ std::optional<std::string> Objection(const std::string& pattern) {
 
 // The word in Windows-1252, or nothing when no record can hold it.
 std::optional<std::string> Word_For_Record(const std::string& typed, std::ostream& err) {
-  const auto word = From_Utf8(Trim(typed));
+  auto word = From_Utf8(Trim(typed));
   if (word && !word->empty() && word->size() <= Longest_Word) return word;
   err << "quillspeech: --word: ";
   if (!word) {

@@ -210,6 +210,7 @@ std::vector<std::string> Nearest_Settings(const std::string& name) {
                    [](const auto& a, const auto& b) { return a.first < b.first; });
   if (by_distance.size() > Most_Names) by_distance.resize(Most_Names);
   std::vector<std::string> names;
+  names.reserve(by_distance.size());
   for (auto& [distance, near] : by_distance) names.push_back(std::move(near));
   return names;
 }

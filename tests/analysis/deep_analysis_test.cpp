@@ -141,11 +141,6 @@ TEST(DeepWord, A_word_past_the_forward_count_meets_the_old_entry) {
   EXPECT_EQ(test.Slices().back(), (std::pair{4000, 5000}));
 }
 
-TEST(DeepWord, The_end_is_pulled_back_to_50_before_the_promised_bytes) {
-  DeepTest test(Buzz(Bytes(5000)));
-  EXPECT_EQ(test.Deep(0, 5100).words.Sample_Span, 5050);
-}
-
 TEST(DeepWord, A_negative_span_shows_a_message_and_the_word_is_left) {
   DeepTest test(Buzz(Bytes(5000)));
   test.Deep(3000, 2999);
@@ -153,14 +148,7 @@ TEST(DeepWord, A_negative_span_shows_a_message_and_the_word_is_left) {
   EXPECT_EQ(test.boxes.shown[0].box.title, "Quillspeech FATAL ERROR");
   EXPECT_EQ(test.boxes.shown[0].box.text, "CANNOT PROCESS : CODE:WD");
   EXPECT_EQ(test.boxes.shown[0].box.icon, BoxIcon::Stop);
-  EXPECT_TRUE(test.Slices().empty());
-}
-
-TEST(DeepWord, A_stopped_session_leaves_at_once) {
-  DeepTest test(Buzz(Bytes(5000)));
-  test.session.settings.Stop_everything_now = "YES";
-  test.Deep(0, 5000);
-  EXPECT_EQ(test.words.Sample_Span, 0);
+  EXPECT_EQ(test.boxes.shown[0].box.buttons, BoxButtons::OK);
   EXPECT_TRUE(test.Slices().empty());
 }
 
@@ -213,6 +201,7 @@ TEST(TooDeepWord, A_negative_span_shows_a_message_of_its_own) {
   EXPECT_EQ(test.boxes.shown[0].box.title, "Quillspeech ERROR");
   EXPECT_EQ(test.boxes.shown[0].box.text, "CANNOT PROCESS CODE: WDD");
   EXPECT_EQ(test.boxes.shown[0].box.icon, BoxIcon::Stop);
+  EXPECT_EQ(test.boxes.shown[0].box.buttons, BoxButtons::OK);
 }
 
 TEST(TooDeepWord, A_deep_word_without_a_hit_has_nothing_analysed) {

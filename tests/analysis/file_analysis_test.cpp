@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "tests/support/analysis_session.hpp"
 #include "tests/support/record_builder.hpp"
 
@@ -29,12 +33,6 @@ struct FileRun : AnalysisSession {
 };
 
 constexpr Bytes Pause(2000);
-
-// Words with a pause that a file of 300,000 bytes keeps apart, and silence up to that length.
-Sound Long_File(std::int64_t word_bytes) {
-  Sound sound = Words({word_bytes}, Bytes(8000));
-  return sound + Silence(Bytes(300001 - static_cast<std::int64_t>(sound.size())));
-}
 
 TEST(FileAnalysis, Every_word_is_analysed_whatever_the_settings_of_a_capture_say) {
   FileRun test(Words({500, 600, 700, 800, 900}, Pause));
@@ -68,6 +66,51 @@ TEST(FileAnalysis, It_yields_once_and_switches_no_timer) {
   EXPECT_EQ(test.session.flags.Operation_Status, "Starting Processing");
 }
 
+TEST(FileAnalysis, The_status_stands_at_the_yield_and_the_two_marks_change_after_it) {
+  FileRun test(Words({3000}, Pause));
+  Flags& flags = test.session.flags;
+  flags.Analysis_Running = 1;
+  flags.Capture_Busy = 0;
+  const auto note = [&](const std::string& place) {
+    test.calls.push_back(place + ": " + flags.Operation_Status + ' ' +
+                         std::to_string(std::int64_t{flags.Analysis_Running}) + ' ' +
+                         std::to_string(std::int64_t{flags.Capture_Busy}));
+  };
+  test.session.settings.Enable_Speech_Engine = "NO";
+  test.events.At_Yield = [&] { note("yield"); };
+  test.host.path = "C:\\vb6.exe";
+  test.session.operations.Draw_Audio_Graph = [&](Session&) { note("graph"); };
+  test.Run();
+  EXPECT_EQ(test.calls, (std::vector<std::string>{"yield: Starting Processing 1 0",
+                                                  "graph: Starting Processing 0 1"}));
+}
+
+TEST(FileAnalysis, A_stop_of_the_sample_behind_the_head_is_not_looked_at) {
+  for (const int slice_bytes : {0, 500}) {
+    FileRun test(Words({3000, 3000}, Pause));
+    test.host.path = "C:\\vb6.exe";
+    test.session.operations.Draw_Audio_Graph = [](Session& session) {
+      session.flags.Stop_Sample_Flag = 1;
+    };
+    test.Slice_Bytes(slice_bytes).Run();
+    EXPECT_EQ(test.Slices().size(), slice_bytes == 0 ? 2U : 12U);
+    EXPECT_EQ(test.session.flags.Stop_Sample_Flag, 1);
+  }
+}
+
+TEST(FileAnalysis, Sound_before_the_first_pause_is_never_analysed) {
+  for (const int slice_bytes : {0, 100, 5000}) {
+    FileRun test(Buzz(Bytes(1000)) + Silence(Bytes(2000)) + Buzz(Bytes(1026)));
+    test.Slice_Bytes(slice_bytes).Run();
+    EXPECT_EQ(test.session.words.Word_End[0], 950);
+    ASSERT_FALSE(test.Slices().empty());
+    for (const SliceTrace& slice : test.session.trace.slices) {
+      EXPECT_EQ(slice.word, 1);
+      EXPECT_GE(slice.first, 3000);
+    }
+  }
+}
+
 TEST(FileAnalysis, A_file_of_fewer_than_1000_bytes_gets_the_message_and_no_word) {
   FileRun test(Level(200, Bytes(999)));
   test.Run();
@@ -75,6 +118,7 @@ TEST(FileAnalysis, A_file_of_fewer_than_1000_bytes_gets_the_message_and_no_word)
   EXPECT_EQ(test.boxes.shown[0].box.title, "Quillspeech FATAL ERROR");
   EXPECT_EQ(test.boxes.shown[0].box.text, "'CANNOT PROCESS' Code : PA");
   EXPECT_EQ(test.boxes.shown[0].box.icon, BoxIcon::Stop);
+  EXPECT_EQ(test.boxes.shown[0].box.buttons, BoxButtons::OK);
   EXPECT_TRUE(test.Slices().empty());
   EXPECT_EQ(test.session.flags.Capture_Busy, 0);
 }
@@ -94,116 +138,27 @@ TEST(FileAnalysis, A_Noise_Sensitivity_of_0_stays_0) {
   EXPECT_EQ(test.Slices(), (Bounds{{2000, 2500}}));
 }
 
-TEST(FileAnalysis, A_word_of_100_bytes_is_skipped_when_no_slice_length_is_set) {
-  FileRun skipped(Words({100}, Pause));
-  EXPECT_TRUE(skipped.Run().Slices().empty());
-  EXPECT_EQ(skipped.session.words.Word_Entry_Length[0], 100);
-  FileRun longer(Words({125}, Pause));
-  EXPECT_EQ(longer.Run().Slices(), (Bounds{{2000, 2125}}));
-}
-
-TEST(FileAnalysis, A_word_no_longer_than_a_slice_is_taken_whole_even_below_100_bytes) {
-  FileRun test(Words({100}, Pause));
-  EXPECT_EQ(test.Slice_Bytes(500).Run().Slices(), (Bounds{{2000, 2100}}));
-}
-
-TEST(FileAnalysis, The_sites_are_not_exclusive) {
-  FileRun whole_twice(Words({1000}, Pause));
-  EXPECT_EQ(whole_twice.Slice_Bytes(1000).Run().Slices(), (Bounds{{2000, 3000}, {2000, 3000}}));
-  FileRun whole_and_sliced(Words({1000}, Pause));
-  EXPECT_EQ(whole_and_sliced.Slice_Bytes(500).Run().Slices(),
-            (Bounds{{2000, 3000}, {2000, 2500}, {2500, 3000}}));
-}
-
-TEST(FileAnalysis, A_word_above_2000_bytes_is_sliced_without_overlap) {
-  FileRun test(Words({2500}, Pause));
-  EXPECT_EQ(test.Slice_Bytes(1000).Run().Slices(), (Bounds{{2000, 3000}, {3000, 4000}}));
-  EXPECT_EQ(test.session.words.No_of_Processings, 2);
-  EXPECT_EQ(test.session.settings.Sample_Overlap_Bytes, 0);
-}
-
-TEST(FileAnalysis, The_three_switches_choose_slices_in_the_order_start_end_middle) {
-  FileRun test(Words({3000}, Pause));
-  test.session.settings.This_speech_sample_process_Start_only = "YES";
-  test.session.settings.This_speech_sample_process_middle_only = "YES";
-  test.session.settings.This_speech_sample_process_end_only = "YES";
-  EXPECT_EQ(test.Slice_Bytes(1000).Run().Slices(),
-            (Bounds{{2000, 3000}, {3000, 4000}, {4000, 5000}}));
-}
-
-TEST(FileAnalysis, A_switch_left_empty_shuts_the_slices_and_stays_empty) {
-  FileRun test(Words({3000}, Pause));
-  test.session.settings.This_speech_sample_process_middle_only = "";
-  EXPECT_TRUE(test.Slice_Bytes(1000).Run().Slices().empty());
-  EXPECT_EQ(test.session.settings.This_speech_sample_process_middle_only, "");
-}
-
-TEST(FileAnalysis, A_word_of_15000_bytes_in_a_short_file_is_analysed_once_as_a_whole) {
-  Sound sound = Words({15000}, Bytes(8000));
-  sound = sound + Silence(Bytes(100001 - static_cast<std::int64_t>(sound.size())));
-  FileRun test(sound);
-  EXPECT_EQ(test.Run().Slices(), (Bounds{{8000, 23000}}));
-}
-
-TEST(FileAnalysis, A_word_of_15000_bytes_in_a_long_file_descends_and_is_then_taken_whole) {
-  FileRun test(Long_File(15000));
-  test.Run();
-  EXPECT_EQ(test.Slices(), (Bounds{{8000, 23000}, {8000, 23000}}));
-  EXPECT_EQ(test.session.filter.Processings_Delivered, 2);
-}
-
-TEST(FileAnalysis, The_descent_and_the_whole_word_add_to_one_string) {
-  FileRun test(Long_File(15000));
-  test.session.settings.Keep_Engine_Frequency_Input_Flow = "Pass All";
-  test.Run();
-  const std::string& word = test.session.filter.Voice_Word_Table[1];
-  ASSERT_FALSE(word.empty());
-  EXPECT_EQ(word.substr(0, word.size() / 2), word.substr(word.size() / 2));
-}
-
-TEST(FileAnalysis, A_word_of_10000_bytes_does_not_descend) {
-  FileRun test(Long_File(10000));
-  EXPECT_EQ(test.Run().Slices(), (Bounds{{8000, 18000}}));
-  FileRun longer(Long_File(10025));
-  EXPECT_EQ(longer.Run().Slices(), (Bounds{{8000, 18025}, {8000, 18025}}));
-}
-
-TEST(FileAnalysis, A_file_whose_last_index_is_200000_does_not_descend) {
-  for (const auto& [bytes, slices] : {std::pair{200001, 1U}, {200002, 2U}}) {
-    Sound sound = Words({15000}, Bytes(8000));
-    sound = sound + Silence(Bytes(bytes - static_cast<std::int64_t>(sound.size())));
-    FileRun test(sound);
-    EXPECT_EQ(test.Run().Slices().size(), slices) << bytes;
+TEST(FileAnalysis, A_word_that_reaches_past_the_promised_bytes_is_entered_and_skipped) {
+  const Bounds both{{2000, 3000}, {5050, 6050}};
+  for (const auto& [promised, slices] : {std::pair{6051, both}, {6050, Bounds{both[0]}}}) {
+    FileRun test(Words({1000, 1000}, Pause));
+    test.session.sample.Samples_Per_Capture = promised;
+    test.Run();
+    EXPECT_EQ(test.Slices(), slices) << promised;
+    EXPECT_EQ(test.session.words.Current_Word_no_Processed, 2);
+    EXPECT_EQ(test.session.words.Word_Entry_Number[1], 2);
+    EXPECT_EQ(test.session.words.Word_Entry_Length[1], 1000);
   }
 }
 
-TEST(FileAnalysis, The_descent_goes_by_the_file_although_slices_overwrite_the_span) {
-  Sound sound = Words({15000, 15000}, Bytes(8000));
-  sound = sound + Silence(Bytes(300001 - static_cast<std::int64_t>(sound.size())));
-  FileRun test(sound);
+TEST(FileAnalysis, A_skipped_word_leaves_the_results_and_the_file_mark) {
+  FileRun test(Words({1000}, Pause));
+  test.session.settings.Memory_Clean = "NO";
+  test.session.sample.Samples_Per_Capture = 3000;  // where the word ends
+  test.session.results.Platinum_Word_Table[1] = "word";
   test.Run();
-  EXPECT_EQ(test.Slices().size(), 4U);
-  EXPECT_EQ(test.session.words.Sample_Span, 15000);
-  EXPECT_EQ(test.session.words.Last_Sample_Index, 300000);
-}
-
-TEST(FileAnalysis, A_word_above_200000_bytes_is_only_reached_by_the_descent) {
-  FileRun test(Words({200025}, Bytes(8000)));
-  test.Slice_Bytes(500).Run();
-  // Its one deep word is above 100,000 bytes, and the too-deep word above 12,000: nothing is left.
-  EXPECT_EQ(test.session.words.Word_Length[1], 200025);
-  EXPECT_EQ(test.session.words.Deep_Word_Length[0], 200025);
-  EXPECT_EQ(test.session.words.Too_Deep_Word_Length[0], 200025);
-  EXPECT_TRUE(test.Slices().empty());
-}
-
-TEST(FileAnalysis, A_word_that_reaches_past_the_promised_bytes_is_entered_and_skipped) {
-  FileRun test(Words({1000, 1000}, Pause));
-  test.session.sample.Samples_Per_Capture = 6050;  // where the second word ends
-  test.session.results.Platinum_Words_Available = 3;
-  test.Run();
-  EXPECT_EQ(test.Slices(), (Bounds{{2000, 3000}}));
-  EXPECT_EQ(test.session.words.Word_Entry_Length[1], 1000);
+  EXPECT_EQ(test.session.results.Platinum_Word_Table[1], "word");
+  EXPECT_EQ(test.session.flags.File_Run_Active, 1);
 }
 
 TEST(FileAnalysis, Results_and_the_file_mark_are_cleared_before_each_word_that_is_not_skipped) {
@@ -246,11 +201,16 @@ TEST(FileAnalysis, The_available_processings_go_to_0_in_any_case) {
 
 TEST(FileAnalysis, Delivered_slices_and_filled_slots_go_on_from_the_last_run) {
   FileRun test(Words({1000}, Pause));
+  const Filter& filter = test.session.filter;
+  test.session.filter.Processings_Delivered = 5;
   test.session.filter.Filter_Filled_Slots = 7;
   test.session.filter.Voice_Words_Explode_Count = 7;
-  test.Run().Run();
-  EXPECT_EQ(test.session.filter.Processings_Delivered, 2);
-  EXPECT_GE(test.session.filter.Filter_Filled_Slots, 7);
+  for (const int delivered : {6, 7}) {
+    test.Run();
+    EXPECT_EQ(filter.Processings_Delivered, delivered);
+    EXPECT_EQ(filter.Filter_Filled_Slots, 7);  // one slice alone fills none
+    EXPECT_EQ(filter.Voice_Words_Explode_Count, 0);
+  }
 }
 
 TEST(FileAnalysis, The_head_clears_the_tables_of_all_three_levels) {
@@ -309,25 +269,11 @@ TEST(FileAnalysis, Without_a_word_available_nothing_is_ranked) {
   EXPECT_EQ(test.session.results.Platinum_Best_Table[1], "old");
 }
 
-TEST(FileAnalysis, A_word_around_2000_bytes_is_analysed_once_when_no_slice_length_is_set) {
-  for (const int length : {1975, 2000, 2025}) {
-    FileRun test(Words({length}, Pause));
-    EXPECT_EQ(test.Run().Slices(), (Bounds{{2000, 2000 + length}}));
-  }
-}
-
 TEST(FileAnalysis, Unbroken_sound_of_32767_hits_fails_with_6_and_recovers) {
   FileRun test(Level(200, Bytes(25 * 32767 + 1)));
   test.Run();
   EXPECT_EQ(test.session.trace.failures, std::vector<int>{6});
   EXPECT_EQ(test.Times("Stop_And_Recover"), 1);
-}
-
-TEST(FileAnalysis, The_graph_is_drawn_at_each_level) {
-  FileRun test(Long_File(15000));
-  test.host.path = "C:\\vb6.exe";
-  test.Run();
-  EXPECT_EQ(test.Times("Draw_Audio_Graph"), 2);
 }
 
 TEST(FileAnalysis, The_engine_file_is_loaded_anew_for_every_file) {

@@ -101,6 +101,35 @@ TEST(StopAndRecover, The_recorder_is_closed_only_when_no_session_is_open) {
                                "Unload_StatusBar", "Unload_Database"}));
 }
 
+TEST(StopAndRecover, The_recorder_is_closed_when_the_stop_is_marked_and_before_the_file_is) {
+  Recovery test("NO");
+  test.session.flags.Session_Started = 0;
+  test.session.data.Main_File_Number.Open(test.data_files, "a.SAY", 8476);
+  int closes = 0;
+  test.session.operations.Close_Recorder = [&](Session& session) {
+    ++closes;
+    EXPECT_EQ(session.flags.Stopped_Marker, 1);
+    EXPECT_EQ(session.flags.Stopped_Text, "YES");
+    EXPECT_TRUE(session.data.Main_File_Number.Is_Open());
+    session.flags.Stopped_Marker = 0;
+  };
+  Stop_And_Recover(test.session);
+  EXPECT_EQ(closes, 1);
+  EXPECT_EQ(test.session.flags.Stopped_Marker, 1);  // marked once more behind it
+}
+
+TEST(StopAndRecover, The_file_is_closed_before_the_first_window_is_unloaded) {
+  Recovery test("NO");
+  test.session.data.Main_File_Number.Open(test.data_files, "a.SAY", 8476);
+  int unloads = 0;
+  test.session.operations.Unload_Graph = [&](Session& session) {
+    ++unloads;
+    EXPECT_FALSE(session.data.Main_File_Number.Is_Open());
+  };
+  Stop_And_Recover(test.session);
+  EXPECT_EQ(unloads, 1);
+}
+
 TEST(StopAndRecover, The_recorder_is_stopped_when_the_stop_is_already_in_force) {
   Recovery test("NO");
   std::string status;

@@ -135,6 +135,25 @@ TEST(WordScan, A_sample_is_a_hit_only_when_it_is_strictly_further_from_silence_t
   }
 }
 
+TEST(WordScan, With_a_negative_sensitivity_every_grid_sample_is_a_hit_of_both_passes) {
+  for (const int sensitivity : {-1, -32767}) {
+    Scan test(Silence(Bytes(2001)), sensitivity);
+    EXPECT_EQ(test.scan.Forward_Hit_Count, 80);
+    EXPECT_EQ(test.scan.Backward_Hit_Count, 81);  // the silence at index 0 counts too
+  }
+}
+
+TEST(WordScan, A_limit_of_minus_32768_fails_with_6_in_either_pass) {
+  const auto failure = [](std::int64_t forward, std::int64_t backward) {
+    Scan test(Silence(Bytes(2001)));
+    return Failure_Of([&] {
+      Find_Hits(test.words, {ForwardHits::By_Amplitude, forward, backward});
+    });
+  };
+  EXPECT_EQ(failure(-32768, 3), 6);
+  EXPECT_EQ(failure(3, -32768), 6);
+}
+
 TEST(WordScan, The_forward_pass_goes_by_amplitude_and_the_backward_pass_by_change) {
   Scan test(Silence(Bytes(1000)) + Level(200, Bytes(2000)) + Silence(Bytes(1001)));
   EXPECT_EQ(test.scan.Forward_Hit_Count, 80);

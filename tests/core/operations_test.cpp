@@ -60,6 +60,13 @@ TEST(OpenSpecifiedWaveFile, A_live_session_shuts_the_file_out_without_a_message)
   }
 }
 
+TEST(OpenSpecifiedWaveFile, A_started_session_without_a_timer_on_lets_the_file_in) {
+  OpenFile test;
+  test.session.flags.Session_Started = 1;
+  EXPECT_EQ(test.Open().Slices(), (AnalysisSession::Bounds{{2000, 3000}}));
+  EXPECT_EQ(test.session.flags.Session_Started, 1);
+}
+
 TEST(OpenSpecifiedWaveFile, A_file_that_cannot_be_read_is_not_analysed) {
   OpenFile test;
   test.session.settings.Open_this_Wave_File = "missing.wav";
@@ -205,9 +212,14 @@ TEST(BeginSession, Nobody_is_told_and_nothing_is_played) {
 TEST(PrepareSession, A_failure_in_the_analysis_reaches_the_recovery) {
   TestSession test;
   Prepare_Session(test.session);
-  Put_File(test.session, Silence(Bytes(5000)));
-  test.session.operations.Stop_And_Recover(test.session);
+  // More hits than 16 bits count.
+  test.riff_files.files["loud.wav"] = Wave().Data(Level(200, Bytes(25 * 32767 + 1)));
+  test.session.settings.Open_this_Wave_File = "loud.wav";
+  Open_Specified_Wave_File_And_Process(test.session);
+  EXPECT_EQ(test.session.trace.failures, std::vector<int>{6});
   EXPECT_EQ(test.session.settings.Stop_everything_now, "YES");
+  EXPECT_EQ(test.session.flags.Stopped_Marker, 1);
+  EXPECT_EQ(test.session.flags.Stopped_Text, "YES");
   EXPECT_EQ(test.session.flags.Operation_Status, "Sleeping");
 }
 
