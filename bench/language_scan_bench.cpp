@@ -13,6 +13,7 @@
 #include "platform/headless/riff_file.hpp"
 #include "platform/headless/shell.hpp"
 #include "platform/headless/sound_cues.hpp"
+#include "platform/headless/wave_input.hpp"
 #include "platform/headless/wave_output.hpp"
 #include "platform/linux/data_file.hpp"
 #include "recognition/language_matching.hpp"
@@ -29,9 +30,11 @@ struct Bench_Session {
   headless::SoundCues cues;
   headless::Shell shell;
   headless::RiffFiles riff_files;
+  headless::NoWaveInput wave_input;
   headless::WaveOutput wave_output;
   linux::DataFileStore data_files;
-  Session session{Ports{events, boxes, host, cues, shell, riff_files, wave_output, data_files}};
+  Session session{
+      Ports{events, boxes, host, cues, shell, riff_files, wave_input, wave_output, data_files}};
 };
 
 const char* File_Name(benchmark::State& state) {

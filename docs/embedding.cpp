@@ -9,6 +9,7 @@
 #include "platform/headless/message_boxes.hpp"
 #include "platform/headless/shell.hpp"
 #include "platform/headless/sound_cues.hpp"
+#include "platform/headless/wave_input.hpp"
 #include "platform/headless/wave_output.hpp"
 #include "platform/linux/data_file.hpp"
 #include "platform/linux/riff_file.hpp"
@@ -23,11 +24,12 @@ int main(int count, char** arguments) {
   qs::headless::HostProgram host;
   qs::headless::SoundCues cues;
   qs::headless::Shell shell;
+  qs::headless::NoWaveInput wave_input;
   qs::headless::WaveOutput wave_output;
   qs::linux::RiffFiles riff_files;
   qs::linux::DataFileStore data_files;
   const auto session = std::make_unique<qs::Session>(
-      qs::Ports{events, boxes, host, cues, shell, riff_files, wave_output, data_files});
+      qs::Ports{events, boxes, host, cues, shell, riff_files, wave_input, wave_output, data_files});
   qs::Prepare_Session(*session);
 
   // Each setting has the name and the initial value that it has in the control.

@@ -23,8 +23,7 @@ void Pad_With_Silence(Sample& sample, int milliseconds) {
   std::fill(bytes, bytes + front, Silence);
   std::fill(bytes + front + sound, bytes + whole, Silence);
   sample.Samples_Per_Capture = whole;
-  sample.Wave_Header_Buffer_Length = whole;
-  sample.Wave_Header.data = bytes;
+  Point_Wave_Header(sample, bytes, whole);
 }
 
 }  // namespace quillspeech

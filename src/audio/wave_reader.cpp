@@ -55,11 +55,13 @@ std::int64_t Read_Samples(RiffFile& file, Checked32 size, DynamicTable<std::uint
 Complaint Take_In_Samples(RiffFile& file, const RiffChunk& chunk, Sample& sample) {
   constexpr Complaint Corrupt = " Corrupt wave data";
   if (chunk.size == 0) return Corrupt;
+  sample.Wave_Header.data = nullptr;  // a recorder may still hold the store that goes
   const std::int64_t got = Read_Samples(file, chunk.size, sample.Speech_Sample_Bytes);
   if (got < 1) return Corrupt;
   sample.Samples_Per_Capture = got;
-  sample.Wave_Header_Buffer_Length = got;
-  sample.Wave_Header = {sample.Speech_Sample_Bytes.Read_Range(0, 0), 0, 0};
+  Point_Wave_Header(sample, sample.Speech_Sample_Bytes.Write_Range(0, got - 1), got);
+  sample.Wave_Header.flags = 0;
+  sample.Wave_Header.loop_count = 0;
   return nullptr;
 }
 

@@ -64,8 +64,7 @@ void Shape_As_Capture(Session& session) {
   const std::int64_t buffer = length + session.settings.Digital_Signal_Processing_Level;
   sample.Speech_Sample_Bytes.Resize(length - 1);
   sample.Speech_Sample_Bytes.Resize(buffer - 1);
-  sample.Wave_Header_Buffer_Length = buffer;
-  sample.Wave_Header.data = sample.Speech_Sample_Bytes.Read_Range(0, buffer - 1);
+  Point_Wave_Header(sample, sample.Speech_Sample_Bytes.Write_Range(0, buffer - 1), buffer);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "platform/headless/message_boxes.hpp"
 #include "platform/headless/shell.hpp"
 #include "platform/headless/sound_cues.hpp"
+#include "platform/headless/wave_input.hpp"
 #include "platform/headless/wave_output.hpp"
 #include "platform/linux/data_file.hpp"
 #include "platform/linux/riff_file.hpp"
@@ -21,9 +22,11 @@ struct SessionOnFiles {
   headless::SoundCues cues;
   headless::Shell shell;
   linux::RiffFiles riff_files;
+  headless::NoWaveInput wave_input;
   headless::WaveOutput wave_output;
   linux::DataFileStore data_files;
-  Session session{Ports{events, boxes, host, cues, shell, riff_files, wave_output, data_files}};
+  Session session{
+      Ports{events, boxes, host, cues, shell, riff_files, wave_input, wave_output, data_files}};
 };
 
 }  // namespace quillspeech::cli

@@ -11,7 +11,7 @@
 namespace quillspeech {
 namespace {
 
-bool Is_Any_Timer_On(const EventLoop& events) {
+bool Is_Any_Timer_On(EventLoop& events) {
   for (const FormTimer timer : {FormTimer::Timer1, FormTimer::Timer2, FormTimer::Timer3,
                                 FormTimer::Timer4, FormTimer::Timer5}) {
     if (events.Is_Enabled(timer)) return true;

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "platform/wave_header.hpp"
+
 namespace quillspeech {
 
 struct WaveFormat {
@@ -21,6 +23,14 @@ class WaveOutput {
 
   // Whether the device could play this format; opens nothing.
   virtual bool Can_Play(const WaveFormat& format) const = 0;
+
+  // Opens the default device for the format. On success `handle` names it until it is closed.
+  virtual WaveResult Open(WaveHandle& handle, const WaveFormat& format) = 0;
+  virtual WaveResult Prepare_Header(WaveHandle handle, WaveHeader& header) = 0;
+  // Plays the whole buffer; the header is no longer done until the sound has ended.
+  virtual WaveResult Write(WaveHandle handle, WaveHeader& header) = 0;
+  virtual WaveResult Unprepare_Header(WaveHandle handle, WaveHeader& header) = 0;
+  virtual WaveResult Close(WaveHandle handle) = 0;
 };
 
 // What every sound device can be taken to play: PCM, 1 or 2 channels of 8 or 16 bits, 4,000 to

@@ -8,6 +8,7 @@
 #include "platform/riff_file.hpp"
 #include "platform/shell.hpp"
 #include "platform/sound_cues.hpp"
+#include "platform/wave_input.hpp"
 #include "platform/wave_output.hpp"
 
 namespace quillspeech {
@@ -19,6 +20,7 @@ struct Ports {
   SoundCues& cues;
   Shell& shell;
   RiffFiles& riff_files;
+  WaveInput& wave_input;
   WaveOutput& wave_output;
   DataFileStore& data_files;
 };

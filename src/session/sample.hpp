@@ -9,12 +9,6 @@
 
 namespace quillspeech {
 
-struct WaveHeader {
-  const std::uint8_t* data = nullptr;  // first byte of the store
-  std::uint32_t flags = 0;
-  std::uint32_t loop_count = 0;
-};
-
 struct Sample {
   // 8-bit sound, 128 is silence, 0 a cell that the recorder has not reached.
   DynamicTable<std::uint8_t> Speech_Sample_Bytes;
@@ -23,5 +17,12 @@ struct Sample {
   WaveFormat Wave_Format;
   WaveHeader Wave_Header;
 };
+
+// Points the header, done or not, at the buffer that a device is to use.
+inline void Point_Wave_Header(Sample& sample, std::uint8_t* data, Checked32 length) {
+  sample.Wave_Header_Buffer_Length = length;
+  sample.Wave_Header.data = data;
+  sample.Wave_Header.buffer_length = static_cast<std::uint32_t>(length.Raw());
+}
 
 }  // namespace quillspeech

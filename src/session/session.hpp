@@ -9,6 +9,7 @@
 #include "session/open_data_file.hpp"
 #include "session/operations.hpp"
 #include "session/ports.hpp"
+#include "session/recorder.hpp"
 #include "session/results.hpp"
 #include "session/sample.hpp"
 #include "session/settings.hpp"
@@ -30,6 +31,7 @@ struct Session {
   Operations operations;
   Settings settings;
   Flags flags;
+  Recorder recorder;
   Sample sample;
   WordTables words;
   Slice slice;

@@ -48,7 +48,8 @@ TEST_F(WaveReader, A_sound_lands_in_the_store_byte_for_byte) {
 }
 
 TEST_F(WaveReader, The_buffer_header_points_at_the_store_with_its_flags_cleared) {
-  sample.Wave_Header = {nullptr, 3, 4};
+  sample.Wave_Header.flags = 3;
+  sample.Wave_Header.loop_count = 4;
   Read(Wave().Data(Silence(Bytes(10))));
   EXPECT_EQ(sample.Wave_Header.data, sample.Speech_Sample_Bytes.Read_Range(0, 0));
   EXPECT_EQ(sample.Wave_Header.flags, 0u);
@@ -100,7 +101,8 @@ class BoxesOverOpenFiles final : public MessageBoxes {
 
 TEST_F(WaveReader, The_box_is_shown_first_and_then_the_file_is_closed) {
   BoxesOverOpenFiles watching(riff_files);
-  Session watched{Ports{events, watching, host, cues, shell, riff_files, wave_output, data_files}};
+  Session watched{
+      Ports{events, watching, host, cues, shell, riff_files, wave_input, wave_output, data_files}};
   const std::vector<FileBytes> corrupt = {
       {},
       Wave().Without_Format(),

@@ -122,7 +122,7 @@ TEST(DesignEnvironment, A_failure_while_asking_leaves_the_answer_false) {
   TestSession test;
   Ports ports = test.session.ports;
   Session session(Ports{ports.events, ports.boxes, host, ports.cues, ports.shell, ports.riff_files,
-                        ports.wave_output, ports.data_files});
+                        ports.wave_input, ports.wave_output, ports.data_files});
   EXPECT_EQ(Is_Design_Environment(session), 0);
   EXPECT_NE(session.flags.Design_Environment_Tested, 0);
 }

@@ -61,7 +61,7 @@ struct AnalysisSession : TestSession {
     return bounds;
   }
 
-  bool Is_On(FormTimer timer) const { return events.Is_Enabled(timer); }
+  bool Is_On(FormTimer timer) { return events.Is_Enabled(timer); }
 
  private:
   Operations::Procedure Noted(const std::string& name) {

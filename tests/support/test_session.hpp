@@ -12,6 +12,7 @@
 #include "platform/headless/riff_file.hpp"
 #include "platform/headless/shell.hpp"
 #include "platform/headless/sound_cues.hpp"
+#include "platform/headless/wave_input.hpp"
 #include "platform/headless/wave_output.hpp"
 #include "session/session.hpp"
 
@@ -26,9 +27,11 @@ struct TestSession {
   headless::SoundCues cues;
   headless::Shell shell;
   headless::RiffFiles riff_files;
+  headless::NoWaveInput wave_input;
   headless::WaveOutput wave_output;
   headless::DataFileStore data_files;
-  Session session{Ports{events, boxes, host, cues, shell, riff_files, wave_output, data_files}};
+  Session session{
+      Ports{events, boxes, host, cues, shell, riff_files, wave_input, wave_output, data_files}};
 };
 
 }  // namespace quillspeech::tests

@@ -1,24 +1,42 @@
-// An event loop without events of its own: what tests and batch runs put on it happens at a yield.
+// An event loop on a virtual clock. Nothing sleeps: time moves only when a wait has nothing due,
+// and then straight to what comes next, so that the same run always goes the same way.
 #pragma once
 
-#include <array>
+#include <chrono>
 #include <functional>
+#include <list>
+#include <memory>
+#include <optional>
 
-#include "platform/event_loop.hpp"
+#include "platform/timed_loop.hpp"
 
 namespace quillspeech::headless {
 
-class EventLoop final : public quillspeech::EventLoop {
+class EventLoop final : public TimedLoop {
  public:
+  Time Now() const override { return now_; }
   void Run_Pending_Events() override;
-  void Enable(FormTimer timer, bool on) override;
-  bool Is_Enabled(FormTimer timer) const override;
+
+  // Waits, as often as it takes, until that much time has passed. A wait inside a tick may go past
+  // the end, a recording until its buffer is full.
+  void Run_For(Time duration);
+
+  // Runs the action at that moment, which is still to come, as a timer's tick.
+  void At(std::chrono::milliseconds moment, std::function<void()> action);
+
+  // Time does not move past the horizon: a wait that comes to it calls At_Horizon, which moves the
+  // horizon, makes something due, or throws. Without one, time is free.
+  std::optional<Time> horizon;
+  std::function<void()> At_Horizon;
 
   std::function<void()> At_Yield;  // runs at each yield when set
-  int yields = 0;
+  int yields = 0;                  // that did not wait
 
  private:
-  std::array<bool, Form_Timer_Count> enabled_{};
+  void Sleep_Until(std::optional<Time> moment) override;
+
+  Time now_{0};
+  std::list<std::unique_ptr<Timer>> moments_;
 };
 
 }  // namespace quillspeech::headless

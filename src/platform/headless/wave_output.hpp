@@ -1,4 +1,4 @@
-// A sound device that plays every common format, or none.
+// A machine that could play every common format, or none, and has no device to play it on.
 #pragma once
 
 #include "platform/wave_output.hpp"
@@ -10,6 +10,11 @@ class WaveOutput final : public quillspeech::WaveOutput {
   bool Can_Play(const WaveFormat& format) const override {
     return present && Is_Common_Format(format);
   }
+  WaveResult Open(WaveHandle&, const WaveFormat&) override { return Wave_Bad_Device; }
+  WaveResult Prepare_Header(WaveHandle, WaveHeader&) override { return Wave_Bad_Handle; }
+  WaveResult Write(WaveHandle, WaveHeader&) override { return Wave_Bad_Handle; }
+  WaveResult Unprepare_Header(WaveHandle, WaveHeader&) override { return Wave_Bad_Handle; }
+  WaveResult Close(WaveHandle) override { return Wave_Bad_Handle; }
 
   bool present = true;
 };

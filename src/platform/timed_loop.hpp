@@ -1,0 +1,67 @@
+// An event loop on any clock: the timers, and the devices that have something to do as time goes.
+// A backend brings the clock and the sleep.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "platform/event_loop.hpp"
+
+namespace quillspeech {
+
+// Something beside timers that happens on the loop: a sound device, a stream of requests.
+class EventSource {
+ public:
+  virtual ~EventSource() = default;
+
+  // When it wants to be served next; nothing when it waits for nothing.
+  virtual std::optional<EventLoop::Time> Next_Due() const = 0;
+  // Called at every yield, due or not.
+  virtual void Serve(EventLoop::Time now) = 0;
+};
+
+class TimedLoop : public EventLoop {
+ public:
+  TimedLoop();
+  ~TimedLoop() override;
+  TimedLoop(const TimedLoop&) = delete;
+  TimedLoop& operator=(const TimedLoop&) = delete;
+
+  void Run_Pending_Events() override;
+  void Wait_For_Events() override;
+  void Pass(Time least) override;
+  int Depth() const override { return depth_; }
+  std::unique_ptr<Timer> Make_Timer(std::chrono::milliseconds interval,
+                                    std::function<void()> tick) override;
+  Timer& Form_Timer(FormTimer timer) override;
+  void On_Tick(FormTimer timer, std::function<void()> tick) override;
+
+  // The source must outlive the loop or be removed; it may be removed from inside a Serve.
+  void Add_Source(EventSource& source);
+  void Remove_Source(EventSource& source);
+
+  // The earliest moment at which a timer or a source is due; nothing when none ever is.
+  std::optional<Time> Next_Due() const;
+
+ protected:
+  // Sleeps until that moment, or without end; may return early when something woke it.
+  virtual void Sleep_Until(std::optional<Time> moment) = 0;
+
+ private:
+  class LoopTimer;
+  struct TimerState;
+  class Nesting;
+
+  void Serve_Sources();
+  void Run_Due_Timers();
+
+  std::vector<std::shared_ptr<TimerState>> timers_;
+  std::array<std::unique_ptr<Timer>, Form_Timer_Count> form_timers_;
+  std::vector<EventSource*> sources_;
+  Time pass_credit_{0};  // time that passes have yet to take
+  int depth_ = 0;
+};
+
+}  // namespace quillspeech
