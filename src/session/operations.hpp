@@ -23,7 +23,7 @@ struct Operations {
   std::function<void(Session&, std::int64_t, std::int64_t)> Play_Echo =
       [](Session&, std::int64_t, std::int64_t) {};  // first and last byte in the store
 
-  // Adding to the language, which does not stand yet: until it does, a direct add adds nothing.
+  // recognition
   Procedure Add_Engine_String_To_Language = Nothing;
 
   // presentation
@@ -34,6 +34,9 @@ struct Operations {
   };
   Procedure Unload_Graph = Nothing;
   Procedure Unload_StatusBar = Nothing;
+  Procedure Show_Splash = Nothing;  // modally: the chooser of the editors
+  Procedure Show_Help = Nothing;    // modally
+  Procedure Unload_Help = Nothing;
 
   // editors
   Procedure Load_Database = Nothing;  // the Language Editor's window, not yet shown
