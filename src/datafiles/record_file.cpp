@@ -13,7 +13,6 @@ void RecordFile::Open(DataFileStore& store, const std::string& name, int record_
   if (record_bytes < 1) Fail(Failure::Invalid_Call);
   file_ = store.Open(name);
   record_bytes_ = record_bytes;
-  ++edition_;
 }
 
 void RecordFile::Close() noexcept {

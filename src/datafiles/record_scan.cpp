@@ -22,7 +22,15 @@ void RecordScan::Take_Block() {
   rest_ = {};
   edition_ = file_.Edition();
   block_.resize(static_cast<std::size_t>(std::max(Block_Bytes, file_.Record_Bytes())));
-  rest_ = std::span(block_).first(static_cast<std::size_t>(file_.Read_Run(next_, block_)));
+  const auto read = [&](std::span<std::uint8_t> bytes) {
+    rest_ = bytes.first(static_cast<std::size_t>(file_.Read_Run(next_, bytes)));
+  };
+  try {
+    read(block_);
+  } catch (const RunTimeFailure&) {
+    // The bad place may lie behind the next record.
+    read(std::span(block_).first(static_cast<std::size_t>(file_.Record_Bytes())));
+  }
 }
 
 }  // namespace quillspeech

@@ -17,8 +17,8 @@ class RecordScan {
  public:
   explicit RecordScan(RecordFile& file) : file_(file) {}
 
-  // Reads the next record as RecordFile::Read does, with its failures. After a failure the same
-  // record is the next one still.
+  // Reads the next record as RecordFile::Read does, with its failures: a bad place keeps none of
+  // the records before it back. After a failure the same record is the next one still.
   void Read_Next(std::span<std::uint8_t> record, std::uint8_t missing = 0);
 
  private:

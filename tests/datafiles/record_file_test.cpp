@@ -11,6 +11,7 @@
 #include "datafiles/records.hpp"
 #include "platform/headless/data_file.hpp"
 #include "tests/support/failures.hpp"
+#include "tests/support/numbered_records.hpp"
 
 namespace quillspeech {
 namespace {
@@ -19,18 +20,10 @@ using datafiles::EgnRecord;
 using datafiles::SayRecord;
 using datafiles::VocRecord;
 using tests::Failure_Of;
+using tests::Numbered_Records;
 using FileBytes = std::vector<std::uint8_t>;
 
 constexpr int Say_Bytes = SayRecord::Record_Bytes;
-
-// `count` records of `bytes` bytes, the bytes of each holding its number.
-FileBytes Numbered_Records(int count, int bytes) {
-  FileBytes file;
-  for (int number = 1; number <= count; ++number) {
-    file.insert(file.end(), static_cast<std::size_t>(bytes), static_cast<std::uint8_t>(number));
-  }
-  return file;
-}
 
 struct RecordFileTest : testing::Test {
   headless::DataFileStore store;

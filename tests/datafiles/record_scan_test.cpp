@@ -4,36 +4,30 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "platform/headless/data_file.hpp"
 #include "tests/support/failures.hpp"
+#include "tests/support/numbered_records.hpp"
 
 namespace quillspeech {
 namespace {
 
 using tests::Failure_Of;
+using tests::Numbered_Records;
 using FileBytes = std::vector<std::uint8_t>;
-
-// `count` records of `bytes` bytes, the bytes of each holding its number.
-FileBytes Numbered_Records(int count, std::size_t bytes) {
-  FileBytes file;
-  for (int number = 1; number <= count; ++number) {
-    file.insert(file.end(), bytes, static_cast<std::uint8_t>(number));
-  }
-  return file;
-}
 
 struct RecordScanTest : testing::Test {
   headless::DataFileStore store;
   RecordFile file;
-  RecordScan scan{file};
+  std::optional<RecordScan> scan{file};
 
   void Open(int record_bytes = 10) { file.Open(store, "a.say", record_bytes); }
   FileBytes& Content() { return store.files["a.say"]; }
   FileBytes Next(std::size_t bytes = 10, std::uint8_t missing = 0) {
     FileBytes record(bytes, 0xEE);
-    scan.Read_Next(record, missing);
+    scan->Read_Next(record, missing);
     return record;
   }
   // Reads the records 1 to `count` and compares them with Numbered_Records.
@@ -131,8 +125,9 @@ TEST_F(RecordScanTest, A_failure_after_a_write_of_our_own_brings_no_old_block_ba
   Open();
   Next();
   file.Write(2, FileBytes(10, 99));
-  store.read_faults[2] = Failure::Device_Failure;
+  store.bad_places = {15};
   EXPECT_EQ(Failure_Of([&] { Next(); }), 57);
+  store.bad_places.clear();
   EXPECT_EQ(Next(), FileBytes(10, 99));
 }
 
@@ -172,21 +167,52 @@ TEST_F(RecordScanTest, A_span_of_another_length_than_the_record_is_refused) {
 }
 
 TEST_F(RecordScanTest, A_record_that_could_not_be_read_is_the_next_one_still) {
+  Content() = Numbered_Records(3, 10);
+  Open();
+  store.bad_places = {15};
+  EXPECT_EQ(Next(), FileBytes(10, 1));
+  EXPECT_EQ(Failure_Of([&] { Next(); }), 57);
+  EXPECT_EQ(Failure_Of([&] { Next(); }), 57);
+  store.bad_places.clear();
+  EXPECT_EQ(Next(), FileBytes(10, 2));
+  EXPECT_EQ(Next(), FileBytes(10, 3));
+}
+
+TEST_F(RecordScanTest, A_bad_place_in_one_record_keeps_none_of_those_before_it_back) {
   Content() = Numbered_Records(100, 8476);
   Open(8476);
-  store.read_faults[2] = Failure::Device_Failure;
-  int number = 0;
-  int failures = 0;
-  while (number < 100) {
-    const int failure = Failure_Of([&] {
-      EXPECT_EQ(Next(8476), FileBytes(8476, static_cast<std::uint8_t>(number + 1)));
-      ++number;
-    });
-    if (failure == 0) continue;
-    EXPECT_EQ(failure, 57);
-    ASSERT_EQ(++failures, 1);
+  for (const int bad : {1, 2, 30, 31, 40, 100}) {  // a block ends within record 31
+    for (const std::size_t byte : {0U, 8475U}) {
+      SCOPED_TRACE(testing::Message() << "byte " << byte << " of record " << bad);
+      scan.emplace(file);
+      store.bad_places = {static_cast<std::size_t>(bad - 1) * 8476 + byte};
+      Expect_Numbered(bad - 1, 8476);
+      EXPECT_EQ(Failure_Of([&] { Next(8476); }), 57);
+    }
   }
-  EXPECT_EQ(failures, 1);
+}
+
+TEST_F(RecordScanTest, Blocks_are_read_again_behind_a_bad_place_that_was_passed) {
+  Content() = Numbered_Records(100, 10);
+  Open();
+  store.read_faults[1] = Failure::Device_Failure;
+  Expect_Numbered(100, 10);
+  EXPECT_EQ(store.reads, 3);  // the block, record 1 by itself, and the rest
+}
+
+TEST_F(RecordScanTest, A_failure_is_that_of_the_record_and_not_of_its_block) {
+  Content() = Numbered_Records(3, 10);
+  Open();
+  store.read_faults = {{1, Failure::Device_Failure}, {2, Failure::Out_Of_Memory}};
+  EXPECT_EQ(Failure_Of([&] { Next(); }), 7);
+  EXPECT_EQ(Next(), FileBytes(10, 1));
+}
+
+TEST_F(RecordScanTest, What_the_file_lacks_is_filled_in_also_when_a_block_could_not_be_read) {
+  Content() = FileBytes(6, 1);
+  Open();
+  store.read_faults[1] = Failure::Device_Failure;
+  EXPECT_EQ(Next(10, ' '), (FileBytes{1, 1, 1, 1, 1, 1, ' ', ' ', ' ', ' '}));
 }
 
 }  // namespace

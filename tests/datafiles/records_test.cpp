@@ -275,6 +275,14 @@ TEST(Records, A_text_can_be_copied_from_the_same_record) {
   EXPECT_EQ(record.Words(1), std::string(40, ' '));
 }
 
+TEST(Records, A_field_can_be_given_the_end_of_its_own_text) {
+  SayRecord record;
+  const std::string word = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMN";
+  record.Words(1, word);
+  record.Words(1, record.Words(1).substr(3));
+  EXPECT_EQ(record.Words(1), word.substr(3) + "   ");
+}
+
 TEST(Records, A_curve_keeps_every_value) {
   VocRecord record;
   const std::vector<double> values = {0.0,

@@ -78,6 +78,20 @@ TEST(DataFileInMemory, The_chosen_write_fails_and_the_others_go_through) {
   EXPECT_EQ(store.files["a.say"], (FileBytes{1, 1, 3, 3}));
 }
 
+TEST(DataFileInMemory, A_read_fails_when_it_takes_in_a_bad_place_and_only_then) {
+  headless::DataFileStore store;
+  store.files["a.say"] = {1, 2, 3, 4, 5, 6};
+  store.bad_places = {3, 6};  // and one behind the end
+  const auto file = store.Open("a.say");
+  FileBytes bytes(2);
+  for (const std::int64_t offset : {2, 3}) {
+    EXPECT_EQ(Failure_Of([&] { file->Read(offset, bytes); }), 57) << offset;
+  }
+  for (const std::int64_t offset : {0, 1, 4, 5}) {
+    EXPECT_EQ(Failure_Of([&] { file->Read(offset, bytes); }), 0) << offset;
+  }
+}
+
 TEST(DataFileInMemory, A_torn_write_changes_the_start_of_its_span_and_no_length) {
   headless::DataFileStore store;
   store.files["a.say"] = {1, 1, 1, 1};

@@ -203,6 +203,8 @@ TEST_F(EngineTable, A_new_file_is_created_empty_and_gives_blank_groups) {
   for (int category = 0; category <= 99; ++category) EXPECT_EQ(Entry(category), Padded(""));
   ASSERT_TRUE(test.data_files.files.count("new.EGN"));
   EXPECT_TRUE(test.data_files.files["new.EGN"].empty());
+  EXPECT_TRUE(test.boxes.shown.empty());  // nothing reports it
+  EXPECT_TRUE(session.trace.failures.empty());
   EXPECT_EQ(recoveries, 0);
 }
 

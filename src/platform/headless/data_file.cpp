@@ -27,6 +27,8 @@ class File final : public DataFile {
     const auto length = static_cast<std::int64_t>(content.size());
     const auto from = static_cast<std::size_t>(std::min(offset, length));
     const auto count = std::min(bytes.size(), content.size() - from);
+    const auto bad = store_.bad_places.lower_bound(from);
+    if (bad != store_.bad_places.end() && *bad < from + count) Fail(Failure::Device_Failure);
     std::copy_n(content.data() + from, count, bytes.data());
     return static_cast<std::int64_t>(count);
   }

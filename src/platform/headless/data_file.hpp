@@ -1,6 +1,7 @@
 // Data files in memory, which fail on demand.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -32,6 +33,7 @@ class DataFileStore final : public quillspeech::DataFileStore {
   std::set<std::string> read_only;         // opening one of these is failure 75
   std::map<int, WriteFault> write_faults;  // by the number of the write, the first being 1
   std::map<int, Failure> read_faults;      // by the number of the read, the first being 1
+  std::set<std::size_t> bad_places;        // reading a byte at one of these offsets is failure 57
 
   int opens = 0;       // that succeeded
   int open_files = 0;  // opened and not yet closed
