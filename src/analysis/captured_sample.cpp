@@ -22,18 +22,8 @@ void Hold_Capture(Session& session) {
   session.flags.Capture_Busy = 1;
 }
 
-void Clear_Run(Session& session) {
-  Clear_Analysis(session);
-  session.results.Platinum_Words_Available = 0;
-  Reset_Filter_For_Live(session.filter, session.results);
-  session.flags.Stop_Sample_Flag = 0;
-}
-
 void Clear_Last_Results(Session& session) {
-  if (session.settings.Memory_Clean == "YES") {
-    Clear_Result_Tables(session.results);
-    session.filter.Voice_Magic_Elements.clear();
-  }
+  Clean_Memory_When_Wanted(session);
   if (session.settings.Send_words_one_by_one == "YES") {
     session.words.Current_Processings_Available = 0;
   }
@@ -109,9 +99,10 @@ void Go_To_Language_Editor(Session& session) {
   session.operations.Show_Status_Image(session, 1);
   session.ports.events.Enable(FormTimer::Timer5, false);
   session.ports.events.Enable(FormTimer::Timer1, false);
-  session.operations.Load_Database(session);
-  if (!Is_Design_Environment(session)) return;
-  Run_Silently_Trapped(session, [&] { session.operations.Show_Database(session, false); });
+  Run_Silently_Trapped(session, [&] {
+    session.operations.Load_Database(session);
+    if (Is_Design_Environment(session)) session.operations.Show_Database(session, false);
+  });
 }
 
 void End_Run(Session& session) {
@@ -135,7 +126,8 @@ void Process(Session& session) {
   session.flags.Operation_Status = "Starting Processing";
   Hold_Capture(session);
   session.ports.events.Enable(FormTimer::Timer3, false);
-  Clear_Run(session);
+  Clear_Last_Run(session);
+  Reset_Filter_For_Live(session.filter, session.results);
   if (!Prepare_Sample(session)) return;
   if (session.settings.Noise_Sensitivity == 0) session.settings.Noise_Sensitivity = 2;
   Find_Sample_Words(session);

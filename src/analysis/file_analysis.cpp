@@ -25,19 +25,13 @@ void Clear_Deep_Tables(WordTables& words) {
 }
 
 void Clear_Run(Session& session) {
-  Clear_Analysis(session);
+  Clear_Last_Run(session);
   Clear_Deep_Tables(session.words);
-  session.results.Platinum_Words_Available = 0;
   Reset_Filter_For_File(session.filter, session.results);
-  session.flags.Stop_Sample_Flag = 0;
 }
 
 void Clear_Last_Results(Session& session) {
-  if (session.settings.Memory_Clean == "YES") {
-    Clear_Result_Tables(session.results);
-    session.results.Matched_Record_No = 0;
-    session.filter.Voice_Magic_Elements.clear();
-  }
+  if (Clean_Memory_When_Wanted(session)) session.results.Matched_Record_No = 0;
   session.words.Current_Processings_Available = 0;
 }
 

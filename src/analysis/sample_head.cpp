@@ -52,6 +52,12 @@ void Clear_Analysis(Session& session) {
   Clear_Slice(session.slice);
 }
 
+void Clear_Last_Run(Session& session) {
+  Clear_Analysis(session);
+  session.results.Platinum_Words_Available = 0;
+  session.flags.Stop_Sample_Flag = 0;
+}
+
 void Resize_Sample_Arrays(Session& session, std::int64_t span) {
   session.slice.Span_Samples.Resize(span);
   session.words.Decimated_Samples.Resize(span);
@@ -59,23 +65,34 @@ void Resize_Sample_Arrays(Session& session, std::int64_t span) {
   session.words.Reversed_Decimated_Samples.Resize(span);
 }
 
-bool Prepare_Sample(Session& session) {
+bool Make_Sample_Tables(Session& session) {
   WordTables& words = session.words;
   const Checked32 span = session.sample.Wave_Header_Buffer_Length - 1;
   words.Last_Sample_Index = words.Sample_Span = span;
-  if (span >= Shortest_Span) {
-    Resize_Sample_Arrays(session, span);
-    const std::int64_t upper = Rounded_Quotient(span, words.Word_Table_Divisor);
-    Resize_Scan(words.scan, upper);
-    words.Word_Start.Resize(upper);
-    words.Word_End.Resize(upper);
-    words.Word_Length.Resize(upper);
-    session.settings.Words_I_Want[1].assign(1, '*');
-    if (span >= Shortest_Usable_Span) return true;
-    Show_Box(session, "'CANNOT PROCESS' Code : PA", Fatal_Title, BoxIcon::Stop);
+  if (span < Shortest_Span) {
+    session.flags.Capture_Busy = 0;
+    return false;
   }
+  Resize_Sample_Arrays(session, span);
+  const std::int64_t upper = Rounded_Quotient(span, words.Word_Table_Divisor);
+  Resize_Scan(words.scan, upper);
+  words.Word_Start.Resize(upper);
+  words.Word_End.Resize(upper);
+  words.Word_Length.Resize(upper);
+  return true;
+}
+
+bool Is_Sample_Usable(Session& session) {
+  if (session.words.Sample_Span >= Shortest_Usable_Span) return true;
+  Show_Box(session, "'CANNOT PROCESS' Code : PA", Fatal_Title, BoxIcon::Stop);
   session.flags.Capture_Busy = 0;
   return false;
+}
+
+bool Prepare_Sample(Session& session) {
+  if (!Make_Sample_Tables(session)) return false;
+  session.settings.Words_I_Want[1].assign(1, '*');
+  return Is_Sample_Usable(session);
 }
 
 void Find_Sample_Words(Session& session) {
@@ -89,6 +106,13 @@ void Find_Sample_Words(Session& session) {
   words.Probable_no_of_words_recognized = Count_Words(words.scan);
   Bound_Words(words.scan, span, {words.Word_Start, words.Word_End});
   Draw_Graph_When_Wanted(session);
+}
+
+bool Clean_Memory_When_Wanted(Session& session) {
+  if (session.settings.Memory_Clean != "YES") return false;
+  Clear_Result_Tables(session.results);
+  session.filter.Voice_Magic_Elements.clear();
+  return true;
 }
 
 void Release_Capture_When_Quiet(Session& session) {

@@ -33,11 +33,13 @@ struct SliceSpan {
 };
 
 // Makes room for the slice, `lags` cells beyond its length among them, with contents kept, and
-// notes its bounds and the noise gate.
+// notes its bounds and the noise gate. Failure 9 when last_byte is negative, 7 when memory runs
+// out.
 void Enter_Slice(Session& session, SliceSpan span, std::int64_t lags, std::int16_t noise_gate);
 
 // Counts the grid bytes inside the slice whose distance from silence is `loud_distance` or more.
-// Nothing when the walk meets the end of the bytes that the capture promises.
+// Nothing when the walk meets the end of the bytes that the capture promises; failure 9 at a grid
+// byte outside the store, which may be shorter than these.
 std::optional<std::int64_t> Count_Loud_Bytes(const Sample& sample, SliceSpan span,
                                              std::int64_t loud_distance);
 
@@ -47,7 +49,7 @@ std::optional<std::int64_t> Count_Loud_Bytes(const Sample& sample, SliceSpan spa
 void Centre_Slice(Session& session, SliceSpan span);
 
 // Correlates the slice with itself, lags 0 to `level`. Cells of Centred_Samples past the slice's
-// own count as an earlier slice or the word scan left them.
+// own count as an earlier slice or the word scan left them. Failures 6 and 9 as in Autocorrelate.
 void Correlate_Slice(Session& session, std::int64_t length, std::int64_t level);
 
 // Clears the curve with its valleys, and frees the word scan's tables and Decimated_Samples. The

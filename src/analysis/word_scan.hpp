@@ -35,7 +35,7 @@ struct WordBounds {
 // Empties the six tables of a scan.
 void Free_Scan_Tables(WordScanTables& scan);
 
-// The same, and sets the counts to 0.
+// The same, and sets the counts and Word_Gap_Threshold to 0.
 void Clear_Scan(WordScanTables& scan);
 
 // The six tables reach from 0 to `upper`; contents are kept.
@@ -52,8 +52,8 @@ void Take_Word_Grid(const Sample& sample, WordTables& words, std::int64_t first,
 void Find_Hits(WordTables& words, const ScanLimits& limits);
 
 // Marks the pauses between hits: a gap is strictly longer than Word_Gap_Threshold, set here to 2
-// percent of `span` bytes. Failure 6
-// when a pass has 32,767 hits or more: hits are counted in 16 bits here, with one to spare.
+// percent of `span` bytes. Failure 6 when a pass has 32,767 hits or more: hits are counted in 16
+// bits here, with one to spare.
 void Find_Gaps(WordScanTables& scan, std::int64_t span);
 
 // The number of words that the gaps bound: the greater of the two gap counts.

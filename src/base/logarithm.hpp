@@ -4,6 +4,8 @@
 #include <bit>
 #include <cstdint>
 
+#include "base/upper_bits.hpp"
+
 namespace quillspeech {
 
 // Of x > 0, finite; within 0.54 units of its last place, and never falling where x rises. It has
@@ -22,11 +24,6 @@ inline constexpr double Ln_2_Low = -0x1.718432a1b0e26p-35;
 
 inline constexpr std::uint64_t Exponent_One = 0x3ff0000000000000;  // the bits of 1.0
 inline constexpr std::uint64_t Root_Of_Half = 0x3fe6a09e00000000;  // and of the root of 1/2, nearly
-
-// The upper 26 bits of the number; the rest is exact.
-[[gnu::always_inline]] inline double Head(double number) noexcept {
-  return std::bit_cast<double>(std::bit_cast<std::uint64_t>(number) & 0xfffffffff8000000);
-}
 
 // What 2 s + 2/3 s^3 + 2/5 s^5 + ... has beyond its first term, over s^3; z is s squared.
 [[gnu::always_inline]] inline double Series(double z) noexcept {
@@ -55,8 +52,8 @@ inline double Natural_Logarithm(double x) noexcept {
   const double below = m + 1;
   const double below_lost = m - (below - 1);
   const double inverse = 1 / below;
-  const double s_head = Head(above * inverse);
-  const double below_head = Head(below);
+  const double s_head = Upper_26_Bits(above * inverse);
+  const double below_head = Upper_26_Bits(below);
   const double left = (above - s_head * below_head) - s_head * (below - below_head);
   const double s_tail = (left - s_head * below_lost) * inverse;
 

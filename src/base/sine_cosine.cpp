@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "base/upper_bits.hpp"
+
 namespace quillspeech {
 namespace {
 
@@ -91,17 +93,12 @@ Reduced Reduce(double angle) {
           {high, (second.high - high) + low}};
 }
 
-// The upper 26 bits of the number; the rest is exact.
-double Head(double number) {
-  return std::bit_cast<double>(std::bit_cast<std::uint64_t>(number) & 0xfffffffff8000000);
-}
-
 }  // namespace
 
 SineAndCosine Sine_And_Cosine(double angle) noexcept {
   const Reduced reduced = Reduce(angle);
   const double rest = reduced.rest.high;
-  const double head = Head(rest);
+  const double head = Upper_26_Bits(rest);
   const double tail = rest - head;
 
   // Of the rest: its sine is rest + sine_less_rest, its cosine 1 - one_less_cosine.

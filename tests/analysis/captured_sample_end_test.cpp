@@ -90,6 +90,37 @@ TEST(CapturedSample, A_failure_in_showing_the_editor_is_ignored) {
   EXPECT_TRUE(test.boxes.shown.empty());
 }
 
+TEST(CapturedSample, A_failure_in_loading_the_editor_is_ignored_and_nothing_is_shown) {
+  for (const char* host : {"C:\\vb6.exe", "C:\\host.exe"}) {
+    EditorCapture test;
+    test.host.path = host;
+    test.session.operations.Load_Database = [](Session&) { Fail(Failure::Invalid_Call); };
+    test.Run();
+    EXPECT_EQ(test.session.trace.failures, std::vector<int>{5});
+    EXPECT_EQ(test.calls.back(), "Show_Status_Image 1");
+    EXPECT_EQ(test.Times("Stop_And_Recover"), 0);
+    EXPECT_TRUE(test.boxes.shown.empty());
+  }
+}
+
+TEST(CapturedSample, A_direct_add_comes_before_the_editor_and_does_not_replace_it) {
+  EditorCapture test;
+  test.session.settings.Direct_Add_Enabled = "YES";
+  test.Run();
+  EXPECT_EQ(test.calls, (Calls{"Stop_Recording", "Add_Engine_String_To_Language", "Stop_Recording",
+                               "Show_Status_Image 1", "Load_Database"}));
+}
+
+TEST(CapturedSample, Words_skipped_for_their_end_or_length_open_the_editor_all_the_same) {
+  EditorCapture late;
+  late.session.sample.Samples_Per_Capture = 2500;
+  EXPECT_EQ(late.Run().Times("Load_Database"), 1);
+  EditorCapture longer;
+  Put_Capture(longer.session, Words({45025}, Pause));
+  EXPECT_EQ(longer.Run().Times("Load_Database"), 1);
+  for (const auto* test : {&late, &longer}) EXPECT_TRUE(test->Slices().empty());
+}
+
 TEST(CapturedSample, Without_any_one_of_its_conditions_the_editor_is_not_loaded) {
   const std::function<void(EditorCapture&)> changes[] = {
       [](EditorCapture& test) { test.session.settings.Add_To_Language = "NO"; },

@@ -3,7 +3,6 @@
 #include <tuple>
 
 #include "tests/support/captured_sample.hpp"
-#include "tests/support/record_builder.hpp"
 
 namespace quillspeech {
 namespace {
@@ -37,9 +36,21 @@ TEST(CapturedSample, A_sample_of_10_bytes_returns_silently) {
   test.session.sample.Wave_Header_Buffer_Length = 10;
   test.Run();
   EXPECT_TRUE(test.boxes.shown.empty());
-  EXPECT_EQ(test.session.flags.Capture_Busy, 0);
   EXPECT_EQ(test.session.flags.Operation_Status, "Starting Processing");
   EXPECT_EQ(test.session.words.Last_Sample_Index, 9);
+}
+
+TEST(CapturedSample, A_sample_too_short_for_a_run_releases_the_pump_and_nothing_else) {
+  for (const int bytes : {10, 11, 1000}) {
+    Capture test(Silence(Bytes(2000)));
+    test.session.sample.Wave_Header_Buffer_Length = bytes;
+    test.Run();
+    EXPECT_EQ(test.session.flags.Capture_Busy, 0) << bytes;
+    EXPECT_EQ(test.session.flags.Analysis_Running, 1) << bytes;
+    for (const FormTimer timer : {FormTimer::Timer1, FormTimer::Timer3, FormTimer::Timer5}) {
+      EXPECT_FALSE(test.Is_On(timer)) << bytes;
+    }
+  }
 }
 
 TEST(CapturedSample, A_sample_of_11_to_1000_bytes_gets_a_message) {
@@ -52,9 +63,7 @@ TEST(CapturedSample, A_sample_of_11_to_1000_bytes_gets_a_message) {
     EXPECT_EQ(test.boxes.shown[0].box.title, "Quillspeech FATAL ERROR");
     EXPECT_EQ(test.boxes.shown[0].box.text, "'CANNOT PROCESS' Code : PA");
     EXPECT_EQ(test.boxes.shown[0].box.icon, BoxIcon::Stop);
-    EXPECT_EQ(test.session.flags.Capture_Busy, 0);
     EXPECT_EQ(test.session.settings.Words_I_Want[1], "*");
-    EXPECT_FALSE(test.Is_On(FormTimer::Timer5));
   }
 }
 
@@ -79,6 +88,15 @@ TEST(CapturedSample, Settings_that_hold_none_get_their_defaults_written_back) {
   EXPECT_EQ(settings.This_speech_sample_process_Start_only, "NO");
   EXPECT_EQ(settings.This_speech_sample_process_middle_only, "NO");
   EXPECT_EQ(settings.This_speech_sample_process_end_only, "YES");
+}
+
+TEST(CapturedSample, A_sensitivity_of_0_is_2_already_for_the_scan) {
+  for (const auto& [amplitude, heard] : {std::pair{2, false}, {3, true}}) {
+    Capture test(Silence(Pause) + Buzz(Bytes(1000), Amplitude(amplitude)) + Silence(Bytes(2001)));
+    test.session.settings.Noise_Sensitivity = 0;
+    test.Run();
+    EXPECT_EQ(test.session.words.scan.Forward_Hit_Count > 0, heard) << amplitude;
+  }
 }
 
 TEST(CapturedSample, A_flag_left_by_a_restart_is_cleared_at_the_head) {
@@ -126,25 +144,17 @@ TEST(CapturedSample, The_graph_is_drawn_only_for_a_design_environment_that_wants
   }
 }
 
-TEST(CapturedSample, The_engine_file_is_loaded_anew_for_every_sample) {
-  Capture test(Words({1000}, Pause));
-  test.session.settings.Keep_Engine_Frequency_Input_Flow = "Pass All";
-  test.session.settings.Consider_this_Engine_for_Recognition = "voice.EGN";
-  for (const std::string letters : {"one", "two"}) {
-    Put_Engine_File(test.data_files, "voice.EGN", All_Groups(letters));
-    test.Run();
-    EXPECT_EQ(test.session.filter.Current_Voice_Word, letters);
-  }
-  EXPECT_EQ(test.data_files.opens, 2);
-  EXPECT_EQ(test.data_files.open_files, 0);
-}
-
-TEST(CapturedSample, A_stopped_session_opens_no_engine_file) {
-  Capture test(Words({1000}, Pause));
-  test.session.settings.Consider_this_Engine_for_Recognition = "voice.EGN";
-  test.session.settings.Stop_everything_now = "YES";
+TEST(CapturedSample, The_graph_is_drawn_when_the_words_have_their_bounds) {
+  Capture test(Words({500}, Pause));
+  test.host.path = "C:\\vb6.exe";
+  int draws = 0;
+  test.session.operations.Draw_Audio_Graph = [&](Session& session) {
+    ++draws;
+    EXPECT_EQ(session.words.Word_Start[1], 2000);
+    EXPECT_EQ(session.words.Word_End[1], 2500);
+  };
   test.Run();
-  EXPECT_EQ(test.data_files.opens, 0);
+  EXPECT_EQ(draws, 1);
 }
 
 TEST(CapturedSample, A_negative_sensitivity_stays_and_makes_every_grid_sample_a_hit) {

@@ -72,6 +72,40 @@ TEST(CapturedSample, A_switch_that_is_neither_YES_nor_NO_shuts_every_site) {
   EXPECT_TRUE(test.Slice_Bytes(1000).Only("no", "NO", "NO").Run().Slices().empty());
 }
 
+TEST(CapturedSample, A_setting_counts_only_in_its_exact_text) {
+  for (const char* text : {"yes", "Yes", "YES ", " YES", "no", "NO ", "TRUE", "1"}) {
+    const auto run = [text](const char* start_only) {
+      Capture test(Words({3000}, Pause));
+      test.host.path = "C:\\vb6.exe";
+      Settings& settings = test.session.settings;
+      for (std::string* setting : {&settings.This_Audio_Process, &settings.Speech_echo_feature,
+                                   &settings.Direct_Add_Enabled, &settings.Show_Audio_Graph}) {
+        *setting = text;
+      }
+      test.Slice_Bytes(1000).Only(start_only, "NO", text).Run();
+      return std::pair(test.Slices(), test.calls);
+    };
+    const auto [first, calls] = run("YES");
+    EXPECT_EQ(first, (Bounds{{2000, 3000}})) << text;  // words are taken, the end slice is not
+    EXPECT_EQ(calls, std::vector<std::string>{"Stop_Recording"}) << text;  // the slice's own
+    EXPECT_TRUE(run("NO").first.empty()) << text;  // only three times "NO" opens every slice
+  }
+}
+
+TEST(CapturedSample, A_negative_slice_length_numbers_no_slice_and_takes_none) {
+  Capture test(Words({3000}, Pause));
+  EXPECT_TRUE(test.Slice_Bytes(-1000).Run().Slices().empty());
+  EXPECT_EQ(test.session.words.No_of_Processings, 0);
+  EXPECT_EQ(test.session.words.Probable_no_of_words_recognized, 1);
+}
+
+TEST(CapturedSample, A_negative_overlap_stays_and_lets_slices_begin_later) {
+  Capture test(Words({3000}, Pause));
+  EXPECT_EQ(test.Slice_Bytes(1000, -100).Run().Slices(),
+            (Bounds{{2000, 3000}, {3100, 4000}, {4100, 5000}}));
+  EXPECT_EQ(test.session.settings.Sample_Overlap_Bytes, -100);
+}
+
 TEST(CapturedSample, An_overlap_that_reaches_before_the_store_fails_that_slice_with_9) {
   Capture test(Words({1000}, Bytes(200)));
   test.session.settings.Always_Restart_on_Error = "YES";
@@ -90,7 +124,8 @@ TEST(CapturedSample, After_a_failed_slice_the_word_loop_goes_on) {
   };
   test.Slice_Bytes(1000).Run();
   EXPECT_EQ(test.session.trace.failures, std::vector<int>{57});
-  EXPECT_EQ(test.Slices().size(), 4U);
+  ASSERT_EQ(test.Slices().size(), 4U);
+  EXPECT_NE(test.session.trace.slices[0].category, std::nullopt);  // it failed after its count
   EXPECT_EQ(test.session.filter.Processings_Delivered, 3);
 }
 

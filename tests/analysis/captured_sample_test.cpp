@@ -145,6 +145,28 @@ TEST(CapturedSample, The_clock_switched_on_during_a_word_is_off_again_at_the_nex
   EXPECT_EQ(busy, (std::vector<std::int64_t>{1, 1}));
 }
 
+TEST(CapturedSample, A_word_that_is_skipped_lets_the_analysis_count_as_running_too) {
+  Capture test(Words({500, 600}, Pause));
+  test.session.sample.Samples_Per_Capture = 5150;  // where the second word ends
+  test.events.At_Yield = [&] { test.session.flags.Analysis_Running = 0; };
+  test.session.operations.Stop_Recording = [](Session& session) {
+    session.flags.Analysis_Running = 0;
+  };
+  test.Run();
+  EXPECT_EQ(test.Slices(), (Bounds{{2000, 2500}}));
+  EXPECT_EQ(test.session.flags.Analysis_Running, 1);
+}
+
+TEST(CapturedSample, As_many_words_are_taken_as_were_counted_before_the_first) {
+  for (const int count : {0, 1, 9}) {
+    Capture test(Words({500, 600}, Pause));
+    test.events.At_Yield = [&] { test.session.words.Probable_no_of_words_recognized = count; };
+    test.Run();
+    EXPECT_EQ(test.Slices(), (Bounds{{2000, 2500}, {4550, 5150}})) << count;
+    EXPECT_EQ(test.session.words.Current_Word_no_Processed, 2) << count;
+  }
+}
+
 // A capture whose recorder fails with each of these in turn, and then works.
 struct FailingCapture : Capture {
   FailingCapture(const char* restart, std::vector<Failure> ways)

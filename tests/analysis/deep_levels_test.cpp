@@ -113,6 +113,39 @@ TEST(DeepLevels, Each_draws_its_graph_for_the_developer_who_wants_it) {
   }
 }
 
+TEST(DeepLevels, The_graph_is_drawn_without_a_hit_too) {
+  for (const auto analyse : Levels) {
+    LevelTest test(Silence(Bytes(5000)));
+    test.host.path = "C:\\vb6.exe";
+    analyse(test.session, 0, 5000);
+    EXPECT_EQ(test.words.scan.Forward_Hit_Count + test.words.scan.Backward_Hit_Count, 0);
+    EXPECT_EQ(test.Times("Draw_Audio_Graph"), 1);
+  }
+}
+
+TEST(DeepLevels, A_failure_in_the_too_deep_level_leaves_the_deep_word_to_be_taken_whole) {
+  const struct {
+    Operations::Procedure at_draw;
+    int draw;  // at which it is done
+    int failure;
+  } cases[] = {{[](Session&) { Fail(Failure::Invalid_Call); }, 2, 5},
+               // Leaves the scan of the level below too small a table for its hits.
+               {[](Session& session) { session.words.Word_Table_Divisor = 1000; }, 1, 9}};
+  for (const auto& c : cases) {
+    LevelTest test(Buzz(Bytes(11025)) + Silence(Bytes(5975)) + Buzz(Bytes(1025)) +
+                   Silence(Bytes(101975)));
+    test.session.settings.Always_Restart_on_Error = "YES";
+    test.host.path = "C:\\vb6.exe";
+    test.session.operations.Draw_Audio_Graph = [&c, draws = 0](Session& session) mutable {
+      if (++draws == c.draw) c.at_draw(session);
+    };
+    Analyse_Deep_Word(test.session, 0, 120000);
+    EXPECT_EQ(test.session.trace.failures, std::vector<int>{c.failure});
+    EXPECT_EQ(test.Times("Stop_And_Recover"), 1);
+    EXPECT_EQ(test.Slices(), (Bounds{{0, 11000}, {17000, 18000}, {0, 0}}));
+  }
+}
+
 TEST(DeepLevels, A_deep_word_descends_from_10001_bytes) {
   LevelTest flat(Buzz(Bytes(10025)) + Silence(Bytes(109975)));
   Analyse_Deep_Word(flat.session, 0, 120000);

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "tests/support/analysis_session.hpp"
-#include "tests/support/record_builder.hpp"
 
 namespace quillspeech {
 namespace {
@@ -83,6 +82,40 @@ TEST(FileAnalysis, The_status_stands_at_the_yield_and_the_two_marks_change_after
   test.Run();
   EXPECT_EQ(test.calls, (std::vector<std::string>{"yield: Starting Processing 1 0",
                                                   "graph: Starting Processing 0 1"}));
+}
+
+TEST(FileAnalysis, A_stop_at_the_yield_lets_the_words_be_entered_and_no_slice_be_analysed) {
+  FileRun test(Words({500, 600}, Pause));
+  test.session.words.Deep_Word_Start.Resize(3);
+  test.session.filter.Voice_Words_Explode_Count = 7;
+  test.events.At_Yield = [&] { test.session.settings.Stop_everything_now = "YES"; };
+  test.Run();
+  const WordTables& words = test.session.words;
+  EXPECT_EQ(words.Deep_Word_Start.Count(), 0);
+  EXPECT_EQ(test.session.filter.Voice_Words_Explode_Count, 0);
+  EXPECT_EQ(words.Probable_no_of_words_recognized, 2);
+  EXPECT_EQ(words.Word_Entry_Length[0], 500);
+  EXPECT_EQ(words.Word_Entry_Length[1], 600);
+  EXPECT_EQ(test.Slices(), (Bounds{{2000, 2500}, {4550, 5150}}));
+  for (const SliceTrace& slice : test.session.trace.slices) {
+    EXPECT_EQ(slice.category, std::nullopt);
+  }
+}
+
+TEST(FileAnalysis, As_many_words_are_taken_as_were_counted_before_the_first) {
+  for (const int count : {0, 1, 9}) {
+    const Sound hum = Buzz(Bytes(2050), Amplitude(10));  // its slice is told to the graph as noise
+    FileRun test(Silence(Pause) + hum + Silence(Pause) + hum + Silence(Bytes(2001)));
+    int told = 0;
+    test.session.operations.Print_On_Graph = [&](Session& session, std::string_view) {
+      ++told;
+      session.words.Probable_no_of_words_recognized = count;
+    };
+    test.Run();
+    EXPECT_EQ(told, 2) << count;
+    EXPECT_EQ(test.Slices(), (Bounds{{2000, 4000}, {6050, 8050}})) << count;
+    EXPECT_EQ(test.session.words.Current_Word_no_Processed, 2) << count;
+  }
 }
 
 TEST(FileAnalysis, A_stop_of_the_sample_behind_the_head_is_not_looked_at) {
@@ -274,27 +307,6 @@ TEST(FileAnalysis, Unbroken_sound_of_32767_hits_fails_with_6_and_recovers) {
   test.Run();
   EXPECT_EQ(test.session.trace.failures, std::vector<int>{6});
   EXPECT_EQ(test.Times("Stop_And_Recover"), 1);
-}
-
-TEST(FileAnalysis, The_engine_file_is_loaded_anew_for_every_file) {
-  FileRun test(Words({1000}, Pause));
-  test.session.settings.Keep_Engine_Frequency_Input_Flow = "Pass All";
-  test.session.settings.Consider_this_Engine_for_Recognition = "voice.EGN";
-  for (const std::string letters : {"one", "two"}) {
-    Put_Engine_File(test.data_files, "voice.EGN", All_Groups(letters));
-    test.Run();
-    EXPECT_EQ(test.session.filter.Current_Voice_Word, letters);
-  }
-  EXPECT_EQ(test.data_files.opens, 2);
-  EXPECT_EQ(test.data_files.open_files, 0);
-}
-
-TEST(FileAnalysis, A_stopped_session_opens_no_engine_file) {
-  FileRun test(Words({1000}, Pause));
-  test.session.settings.Consider_this_Engine_for_Recognition = "voice.EGN";
-  test.session.settings.Stop_everything_now = "YES";
-  test.Run();
-  EXPECT_EQ(test.data_files.opens, 0);
 }
 
 }  // namespace

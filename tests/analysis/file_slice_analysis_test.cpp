@@ -84,9 +84,11 @@ TEST(AnalyseFileSlice, Noise_is_told_on_the_graph_when_the_graph_is_wanted) {
   test.session.words.Current_TooDeepWord_no_Processed = 1;
   test.Category(0, 2000);
   EXPECT_EQ(test.Times("Print Noise Found on 3 2 1"), 1);
-  test.session.settings.Show_Audio_Graph = "NO";
-  test.Category(0, 2000);
-  EXPECT_EQ(test.Times("Print Noise Found on 3 2 1"), 1);
+  for (const char* text : {"NO", "", "yes"}) {
+    test.session.settings.Show_Audio_Graph = text;
+    test.Category(0, 2000);
+    EXPECT_EQ(test.Times("Print Noise Found on 3 2 1"), 1) << text;
+  }
 }
 
 TEST(AnalyseFileSlice, A_changed_level_changes_nothing) {
@@ -146,6 +148,18 @@ TEST(AnalyseFileSlice, A_negative_length_shows_a_message_and_the_run_goes_on) {
   EXPECT_EQ(test.Category(0, 2000), 12);
 }
 
+TEST(AnalyseFileSlice, A_negative_length_leaves_the_samples_and_bounds_of_the_last_slice) {
+  FileSliceTest test(Level(178, Bytes(3000)));
+  test.Category(0, 2000);
+  test.Category(2951, 3000);
+  EXPECT_EQ(test.session.words.Sample_Span, -1);
+  EXPECT_EQ(test.session.slice.Span_Samples.Count(), 2001);
+  EXPECT_EQ(test.session.words.Centred_Samples.Count(), 2000 + 130 + 1);
+  EXPECT_EQ(test.session.words.Centred_Samples[1500], 50);
+  EXPECT_EQ(test.session.slice.Span_Start, 0);
+  EXPECT_EQ(test.session.slice.Span_End, 2000);
+}
+
 TEST(AnalyseFileSlice, A_length_of_0_gives_0_with_the_filter_and_without_a_message) {
   FileSliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
   ASSERT_EQ(test.Category(0, 2000), 12);
@@ -170,6 +184,7 @@ TEST(AnalyseFileSlice, A_file_slice_never_yields_and_leaves_status_flags_and_rec
 TEST(AnalyseFileSlice, A_stopped_session_only_gets_its_work_tables_cleared) {
   FileSliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
   test.Category(0, 2000);
+  ASSERT_EQ(test.session.slice.Peak_Count, 13);
   test.session.words.scan.Forward_Hits.Resize(5);
   test.session.settings.Stop_everything_now = "YES";
   EXPECT_EQ(test.Category(0, 500), 12);
@@ -177,16 +192,19 @@ TEST(AnalyseFileSlice, A_stopped_session_only_gets_its_work_tables_cleared) {
   EXPECT_EQ(test.session.words.scan.Forward_Hits.Count(), 0);
   EXPECT_EQ(test.session.slice.Magnitude_dB[5], 0);
   EXPECT_EQ(test.session.slice.Valley_Bin[0], 0);
+  EXPECT_EQ(test.session.slice.Peak_Count, 13);
 }
 
-TEST(AnalyseFileSlice, A_noise_slice_clears_the_curve_and_keeps_the_autocorrelation) {
+TEST(AnalyseFileSlice, A_noise_slice_clears_the_curve_and_keeps_the_autocorrelation_and_the_peaks) {
   FileSliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)) + Silence(Bytes(3000)));
   test.Category(0, 2000);
   const double lag_0 = test.session.slice.Autocorrelation[0];
+  ASSERT_EQ(test.session.slice.Peak_Count, 13);
   EXPECT_EQ(test.Category(3500, 5500), 12);
   EXPECT_EQ(test.session.slice.Autocorrelation[0], lag_0);
   EXPECT_EQ(test.session.slice.Valley_Bin[0], 0);
   EXPECT_EQ(test.session.slice.Magnitude[1], 0);
+  EXPECT_EQ(test.session.slice.Peak_Count, 13);
 }
 
 TEST(AnalyseFileSlice, A_file_slice_makes_room_for_130_cells_beyond_it) {
@@ -299,6 +317,16 @@ TEST(AnalyseFileSlice, A_running_sum_past_32_bits_fails_with_6) {
   EXPECT_EQ(fails.session.trace.failures, std::vector<int>{6});
   EXPECT_EQ(fails.Times("Stop_And_Recover"), 1);
   EXPECT_EQ(fails.Filtered(), 0);
+}
+
+TEST(AnalyseFileSlice, A_failure_in_the_autocorrelation_leaves_no_valleys_and_no_scan) {
+  FileSliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(2000)) + Level(0, Bytes(140000)));
+  ASSERT_EQ(test.Category(0, 2000), 12);
+  test.session.words.scan.Forward_Hits.Resize(5);
+  EXPECT_EQ(test.Category(2000, 2000 + 131072 + 2), 12);
+  EXPECT_EQ(test.session.trace.failures, std::vector<int>{6});
+  EXPECT_EQ(test.session.slice.Valley_Bin[0], 0);
+  EXPECT_EQ(test.session.words.scan.Forward_Hits.Count(), 0);
 }
 
 }  // namespace

@@ -123,6 +123,7 @@ TEST(FileDescent, A_word_of_15000_bytes_in_a_long_file_descends_and_is_then_take
   test.Run();
   EXPECT_EQ(test.Slices(), (Bounds{{8000, 23000}, {8000, 23000}}));
   EXPECT_EQ(test.session.filter.Processings_Delivered, 2);
+  EXPECT_EQ(test.session.words.Probable_no_of_words_recognized, 1);  // deep words are not counted
 }
 
 TEST(FileDescent, The_descent_and_the_whole_word_add_to_one_string) {
@@ -186,6 +187,18 @@ TEST(FileDescent, The_deep_parts_of_a_word_above_200000_bytes_are_analysed) {
   test.Run();
   EXPECT_EQ(test.session.words.Word_Length[1], 200025);
   EXPECT_EQ(test.Slices(), (Bounds{{8000, 11000}, {205025, 208025}}));
+}
+
+TEST(FileDescent, A_failure_in_the_descent_leaves_the_word_to_be_taken_whole) {
+  WordRun test(Long_File(15000));
+  test.session.settings.Always_Restart_on_Error = "YES";
+  test.host.path = "C:\\vb6.exe";
+  test.session.operations.Draw_Audio_Graph = [draws = 0](Session&) mutable {
+    if (++draws == 2) Fail(Failure::Invalid_Call);
+  };
+  EXPECT_EQ(test.Run().Slices(), (Bounds{{8000, 23000}}));
+  EXPECT_EQ(test.session.trace.failures, std::vector<int>{5});
+  EXPECT_EQ(test.Times("Stop_And_Recover"), 1);
 }
 
 TEST(FileDescent, The_graph_is_drawn_at_each_level) {

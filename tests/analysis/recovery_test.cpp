@@ -62,6 +62,21 @@ TEST(StopAndRecover, A_restart_stops_the_recorder_and_the_analysis_and_leaves_th
   EXPECT_TRUE(test.cues.calls.empty());
 }
 
+TEST(StopAndRecover, A_restart_closes_the_file_then_stops_the_recorder_then_ends_the_analysis) {
+  Recovery test("YES");
+  test.session.data.Main_File_Number.Open(test.data_files, "a.SAY", 8476);
+  int stops = 0;
+  test.session.operations.Stop_Recording = [&](Session& session) {
+    ++stops;
+    EXPECT_FALSE(session.data.Main_File_Number.Is_Open());
+    EXPECT_EQ(session.flags.Analysis_Running, 1);
+    EXPECT_TRUE(test.Is_On(FormTimer::Timer3));
+    EXPECT_FALSE(test.Is_On(FormTimer::Timer5));
+  };
+  Stop_And_Recover(test.session);
+  EXPECT_EQ(stops, 1);
+}
+
 TEST(StopAndRecover, A_stop_clears_the_results_and_writes_every_mark) {
   Recovery test("NO");
   test.session.flags.File_Run_Active = 1;
@@ -130,17 +145,30 @@ TEST(StopAndRecover, The_file_is_closed_before_the_first_window_is_unloaded) {
   EXPECT_EQ(unloads, 1);
 }
 
-TEST(StopAndRecover, The_recorder_is_stopped_when_the_stop_is_already_in_force) {
+TEST(StopAndRecover, The_recorder_is_stopped_when_the_stop_is_in_force_and_not_yet_marked) {
   Recovery test("NO");
-  std::string status;
-  std::string stop;
+  int stops = 0;
   test.session.operations.Stop_Recording = [&](Session& session) {
-    status = session.flags.Operation_Status;
-    stop = session.settings.Stop_everything_now;
+    ++stops;
+    EXPECT_EQ(session.results.Platinum_Words_Available, 0);
+    EXPECT_EQ(session.flags.Operation_Status, "Sleeping");
+    EXPECT_EQ(session.settings.Stop_everything_now, "YES");
+    EXPECT_EQ(session.flags.Stopped_Marker, 0);
+    EXPECT_EQ(session.flags.Show_Activities, 1);
   };
   Stop_And_Recover(test.session);
-  EXPECT_EQ(status, "Sleeping");
-  EXPECT_EQ(stop, "YES");
+  EXPECT_EQ(stops, 1);
+}
+
+TEST(StopAndRecover, The_windows_are_unloaded_before_the_sound_is_purged) {
+  Recovery test("NO");
+  int unloads = 0;
+  test.session.operations.Unload_Database = [&](Session&) {
+    ++unloads;
+    EXPECT_TRUE(test.cues.calls.empty());
+  };
+  Stop_And_Recover(test.session);
+  EXPECT_EQ(unloads, 1);
 }
 
 TEST(StopAndRecover, A_stop_purges_the_sound_and_plays_the_stop_cue) {

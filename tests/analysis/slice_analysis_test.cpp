@@ -3,33 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <optional>
-#include <string>
 #include <utility>
-#include <vector>
 
-#include "recognition/engine_table.hpp"
-#include "tests/support/analysis_session.hpp"
-#include "tests/support/failures.hpp"
+#include "tests/support/slice_test.hpp"
 
 namespace quillspeech {
 namespace {
 
 using namespace tests;
-
-// A sound in the store, ready to be cut into slices.
-struct SliceTest : AnalysisSession {
-  explicit SliceTest(const Sound& sound) {
-    Put_File(session, sound);
-    Load_Default_Engine_Table(session);
-    session.words.No_of_Processings = 30000;
-  }
-  std::int64_t Category(std::int64_t first, std::int64_t last) {
-    Analyse_Slice(session, first, last);
-    return session.slice.Engine_Category;
-  }
-  std::int64_t Filtered() const { return session.filter.Processings_Delivered; }
-};
 
 TEST(AnalyseSlice, A_tone_gives_about_twice_its_frequency_by_level_over_rate) {
   for (const auto& [pitch, valleys] : {std::pair{1000_Hz, 12}, {2000_Hz, 23}, {3000_Hz, 34}}) {
@@ -59,86 +40,6 @@ TEST(AnalyseSlice, White_noise_gives_33_to_51) {
   }
 }
 
-TEST(AnalyseSlice, Level_1200_works) {
-  SliceTest test(Tone(500_Hz, Amplitude(100), Bytes(3000)));
-  test.session.settings.Digital_Signal_Processing_Level = 1200;
-  const std::int64_t valleys = test.Category(0, 2000);
-  EXPECT_GT(valleys, 20);
-  EXPECT_TRUE(test.session.trace.failures.empty());
-}
-
-TEST(AnalyseSlice, A_category_above_100_fails_in_the_filter_with_9) {
-  SliceTest test(Tone(2000_Hz, Amplitude(100), Bytes(3000)));
-  test.session.settings.Digital_Signal_Processing_Level = 1200;
-  EXPECT_GT(test.Category(0, 2000), 100);
-  EXPECT_EQ(test.session.trace.failures, std::vector<int>{9});
-}
-
-TEST(AnalyseSlice, Level_1201_fails_with_9_and_the_filter_is_not_called) {
-  SliceTest test(Tone(500_Hz, Amplitude(100), Bytes(3000)));
-  test.session.settings.Digital_Signal_Processing_Level = 1201;
-  test.Category(0, 2000);
-  EXPECT_EQ(test.session.trace.failures, std::vector<int>{9});
-  EXPECT_EQ(test.Times("Stop_And_Recover"), 1);
-  EXPECT_EQ(test.Filtered(), 0);
-  EXPECT_EQ(test.session.trace.slices.at(0).category, std::nullopt);
-}
-
-TEST(AnalyseSlice, A_running_sum_past_32_bits_fails_with_6_and_the_filter_is_not_called) {
-  // 131,071 terms of 128 squared fit, one more does not; a byte of 0 is 128 below silence.
-  SliceTest fits(Level(0, Bytes(140000)));
-  fits.Category(0, 131071 + 2);
-  EXPECT_TRUE(fits.session.trace.failures.empty());
-  EXPECT_EQ(fits.Filtered(), 1);
-  SliceTest fails(Level(0, Bytes(140000)));
-  fails.Category(0, 131072 + 2);
-  EXPECT_EQ(fails.session.trace.failures, std::vector<int>{6});
-  EXPECT_EQ(fails.Times("Stop_And_Recover"), 1);
-  EXPECT_EQ(fails.Filtered(), 0);
-  EXPECT_EQ(fails.session.trace.slices.at(0).category, std::nullopt);
-}
-
-TEST(AnalyseSlice, A_position_past_32_bits_is_the_callers_own_failure_6_traced_or_not) {
-  for (const bool traced : {true, false}) {
-    SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
-    test.session.trace.Keep_Slices = traced;
-    EXPECT_EQ(Failure_Of([&] { test.Category(0, 2147483648); }), 6);
-    EXPECT_EQ(Failure_Of([&] { test.Category(-2147483649, 500); }), 6);
-    EXPECT_EQ(Failure_Of([&] { test.Category(0, 2147483647); }), 0);
-    EXPECT_TRUE(test.session.trace.failures.empty());
-    EXPECT_TRUE(test.Times("Stop_And_Recover") == 0 && test.Filtered() == 1);
-  }
-}
-
-TEST(AnalyseSlice, Level_1_has_no_bin_and_gives_0) {
-  SliceTest test(Tone(2000_Hz, Amplitude(100), Bytes(3000)));
-  test.session.settings.Digital_Signal_Processing_Level = 1;
-  EXPECT_EQ(test.Category(0, 2000), 0);
-  EXPECT_EQ(test.Filtered(), 1);
-}
-
-TEST(AnalyseSlice, A_level_of_0_or_less_becomes_128_in_the_setting) {
-  for (const int level : {0, -5}) {
-    SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(2100)));
-    test.session.settings.Digital_Signal_Processing_Level = level;
-    EXPECT_EQ(test.Category(0, 2000), 12);
-    EXPECT_EQ(test.session.settings.Digital_Signal_Processing_Level, 128);
-  }
-}
-
-TEST(AnalyseSlice, A_level_gets_its_default_after_the_yield_and_not_when_a_stop_came) {
-  for (const char* stop : {"NO", "YES"}) {
-    SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(2100)));
-    test.events.At_Yield = [&] {
-      test.session.settings.Digital_Signal_Processing_Level = 0;
-      test.session.settings.Stop_everything_now = stop;
-    };
-    test.Category(0, 2000);
-    const bool stopped = test.session.settings.Stop_everything_now == "YES";
-    EXPECT_EQ(test.session.settings.Digital_Signal_Processing_Level, stopped ? 0 : 128);
-  }
-}
-
 TEST(AnalyseSlice, A_slice_that_reaches_the_end_of_the_store_ends_50_bytes_before_it) {
   const struct {
     std::int64_t last;
@@ -151,18 +52,6 @@ TEST(AnalyseSlice, A_slice_that_reaches_the_end_of_the_store_ends_50_bytes_befor
     EXPECT_EQ(test.session.words.Sample_Span, c.end - 2500);
     EXPECT_EQ(test.Filtered(), 1);
   }
-}
-
-TEST(AnalyseSlice, A_slice_cut_to_end_before_its_start_leaves_without_the_filter) {
-  SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
-  test.Category(2951, 3000);
-  EXPECT_EQ(test.session.words.Sample_Span, -1);
-  EXPECT_EQ(test.Filtered(), 0);
-  EXPECT_EQ(test.Times("Stop_Recording"), 0);
-  EXPECT_TRUE(test.boxes.shown.empty());
-  EXPECT_TRUE(test.session.trace.failures.empty());
-  test.Category(2950, 3000);
-  EXPECT_EQ(test.Filtered(), 1);
 }
 
 TEST(AnalyseSlice, A_quiet_long_slice_is_analysed_all_the_same) {
@@ -262,6 +151,13 @@ TEST(AnalyseSlice, A_slice_frees_the_tables_of_the_scan_and_keeps_the_bounds_of_
   EXPECT_EQ(words.Word_Length.Count(), 11);
 }
 
+TEST(AnalyseSlice, The_peaks_of_the_last_file_slice_stay) {
+  SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
+  test.session.slice.Peak_Count = 13;
+  ASSERT_EQ(test.Category(0, 2000), 12);
+  EXPECT_EQ(test.session.slice.Peak_Count, 13);
+}
+
 TEST(AnalyseSlice, A_slice_with_fewer_valleys_leaves_none_of_the_last_one) {
   SliceTest test(Tone(3000_Hz, Amplitude(100), Bytes(3000)) + Silence(Bytes(6000)));
   EXPECT_EQ(test.Category(0, 2000), 34);
@@ -275,70 +171,12 @@ TEST(AnalyseSlice, A_slice_with_fewer_valleys_leaves_none_of_the_last_one) {
   }
 }
 
-TEST(AnalyseSlice, A_slice_yields_once_and_says_that_it_is_processed) {
-  SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
-  test.session.flags.Operation_Status = "Starting Processing";
-  std::string status;
-  test.events.At_Yield = [&] { status = test.session.flags.Operation_Status; };
-  test.session.operations.Stop_Recording = [&](Session& session) {
-    EXPECT_EQ(session.flags.Operation_Status, "Processing ...");
-  };
-  test.Category(0, 500);
-  EXPECT_EQ(test.events.yields, 1);
-  EXPECT_EQ(status, "Starting Processing");
-  EXPECT_EQ(test.session.flags.Operation_Status, "Processing...");  // the filter's own
-  EXPECT_EQ(test.session.flags.Analysis_Running, 1);
-}
-
-TEST(AnalyseSlice, A_stop_at_the_yield_leaves_without_the_filter) {
-  SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
-  test.events.At_Yield = [&] { test.session.settings.Stop_everything_now = "YES"; };
-  test.Category(0, 500);
-  EXPECT_EQ(test.Filtered(), 0);
-  EXPECT_EQ(test.Times("Stop_Recording"), 0);
-  EXPECT_EQ(test.session.flags.Operation_Status, "Processing ...");
-  EXPECT_EQ(test.session.flags.Analysis_Running, 1);
-  EXPECT_EQ(test.session.trace.slices.at(0).category, std::nullopt);
-}
-
-TEST(AnalyseSlice, The_status_image_shows_only_when_it_is_wanted) {
-  SliceTest test(Silence(Bytes(3000)));
-  test.Category(0, 500);
-  EXPECT_EQ(test.Times("Show_Status_Image 2"), 0);
-  test.session.settings.I_want_Status_Animation = "YES";
-  test.Category(0, 500);
-  EXPECT_EQ(test.Times("Show_Status_Image 2"), 1);
-}
-
-TEST(AnalyseSlice, The_status_image_shows_before_the_yield) {
-  SliceTest test(Silence(Bytes(3000)));
-  test.session.settings.I_want_Status_Animation = "YES";
-  std::int64_t shown = -1;
-  test.events.At_Yield = [&] { shown = test.Times("Show_Status_Image 2"); };
-  test.Category(0, 500);
-  EXPECT_EQ(shown, 1);
-}
-
 TEST(AnalyseSlice, The_recorder_is_stopped_before_the_filter_runs) {
   SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
   std::int64_t filtered = -1;
   test.session.operations.Stop_Recording = [&](Session&) { filtered = test.Filtered(); };
   test.Category(0, 500);
   EXPECT_EQ(filtered, 0);
-  EXPECT_EQ(test.Filtered(), 1);
-}
-
-TEST(AnalyseSlice, A_slice_that_begins_before_the_store_fails_with_9) {
-  SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
-  test.Category(-2, 500);
-  EXPECT_EQ(test.session.trace.failures, std::vector<int>{9});
-  EXPECT_EQ(test.Filtered(), 0);
-}
-
-TEST(AnalyseSlice, One_byte_before_the_store_is_harmless_as_the_first_byte_is_left_out) {
-  SliceTest test(Tone(1000_Hz, Amplitude(100), Bytes(3000)));
-  test.Category(-1, 500);
-  EXPECT_TRUE(test.session.trace.failures.empty());
   EXPECT_EQ(test.Filtered(), 1);
 }
 

@@ -79,6 +79,12 @@ TEST(CountLoudBytes, The_walk_gives_up_where_it_meets_the_end_of_the_promised_by
   EXPECT_EQ(test.Loud({2975, 5000}), std::nullopt);
 }
 
+TEST(CountLoudBytes, A_walk_that_ends_where_the_promised_bytes_do_gives_up) {
+  Steps test(Silence(Bytes(3000)));
+  EXPECT_EQ(test.Loud({2950, 3000}), 0);
+  EXPECT_EQ(test.Loud({2975, 3025}), std::nullopt);
+}
+
 TEST(CountLoudBytes, A_grid_byte_beyond_a_store_shorter_than_promised_fails_with_9) {
   Steps test(Silence(Bytes(1000)), 3000);
   EXPECT_EQ(Failure_Of([&] { test.Loud({0, 1025}); }), 0);

@@ -172,7 +172,8 @@ TEST(WordScan, The_gap_threshold_is_2_percent_of_the_sample_rounded_half_to_even
   const struct {
     std::int64_t span;
     std::int64_t threshold;
-  } cases[] = {{66149, 1323}, {1000, 20}, {1025, 20}, {1075, 22}, {1024, 20}, {1026, 21}};
+  } cases[] = {{66149, 1323}, {1000, 20}, {1025, 20}, {1075, 22},
+               {1024, 20},    {1026, 21}, {2725, 55}};
   for (const auto& c : cases) {
     Scan test(Silence(Bytes(c.span + 1)));
     EXPECT_EQ(test.scan.Word_Gap_Threshold, c.threshold) << c.span;

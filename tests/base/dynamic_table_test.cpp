@@ -76,6 +76,19 @@ TEST(DynamicTable, A_bound_that_the_machine_cannot_address_fails_with_7_and_chan
   }
 }
 
+TEST(DynamicTable, A_bound_that_finds_no_memory_fails_with_7_and_changes_nothing) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the sanitizer ends a program that asks for so much";
+#endif
+  DynamicTable<double> table;
+  table.Resize(3);
+  table.Put(3, 7);
+  constexpr std::int64_t Most_Cells = std::numeric_limits<std::ptrdiff_t>::max() / 8;
+  EXPECT_EQ(Failure_Of([&] { table.Resize(Most_Cells - 1); }), 7);
+  EXPECT_EQ(table.Count(), 4);
+  EXPECT_EQ(table[3], 7);
+}
+
 TEST(DynamicTable, A_range_may_be_empty) {
   DynamicTable<int> table;
   table.Resize(3);

@@ -27,6 +27,7 @@ TEST(Rounding, Other_values_go_to_the_nearest_whole_number) {
   EXPECT_EQ(Round(-2.50001), -3);
   EXPECT_EQ(Round(7), 7);
   EXPECT_EQ(Round(0.49999999999999994), 0);
+  EXPECT_EQ(Round(-0.49999999999999994), 0);
 }
 
 TEST(Rounding, A_value_that_rounds_into_the_field_fits) {
@@ -39,11 +40,16 @@ TEST(Rounding, A_value_that_rounds_past_the_field_fails_with_6) {
   EXPECT_EQ(Failure_Of([] { Round_To_16(32767.5); }), 6);
   EXPECT_EQ(Failure_Of([] { Round_To_32(2147483647.5); }), 6);
   EXPECT_EQ(Failure_Of([] { Round_To_32(1e300); }), 6);
+  EXPECT_EQ(Failure_Of([] { Round_To_16(-32769); }), 6);
+  EXPECT_EQ(Failure_Of([] { Round_To_32(-2147483648.75); }), 6);
+  EXPECT_EQ(Failure_Of([] { Round_To_32(-1e300); }), 6);
 }
 
 TEST(Rounding, A_value_that_is_no_number_fails_with_6) {
   EXPECT_EQ(Failure_Of([] { Round_To_32(std::numeric_limits<double>::quiet_NaN()); }), 6);
   EXPECT_EQ(Failure_Of([] { Round_To_16(std::numeric_limits<double>::infinity()); }), 6);
+  EXPECT_EQ(Failure_Of([] { Round_To_16(-std::numeric_limits<double>::infinity()); }), 6);
+  EXPECT_EQ(Failure_Of([] { Round_To_32(-std::numeric_limits<double>::infinity()); }), 6);
 }
 
 TEST(Rounding, A_quotient_is_rounded_half_to_even) {
