@@ -10,7 +10,7 @@ namespace quillspeech {
 
 void Pad_With_Silence(Sample& sample, int milliseconds) {
   constexpr std::uint8_t Silence = 128;
-  const std::int64_t block = std::max<std::int64_t>(sample.Wave_Format.block_alignment, 1);
+  const std::int64_t block = sample.Wave_Format.block_alignment;
   const std::int64_t rate = sample.Wave_Format.average_bytes_per_second;
   const std::int64_t sound = sample.Samples_Per_Capture;
   const std::int64_t whole = Narrow<std::int32_t>(milliseconds * rate / 1000 / block * block);

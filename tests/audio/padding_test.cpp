@@ -49,6 +49,14 @@ TEST(PadWithSilence, Blocks_are_never_split) {
             (Values{128, 128, 128, 128, 1, 2, 3, 4, 128, 128, 128, 128, 128, 128, 128, 128}));
 }
 
+TEST(PadWithSilence, The_whole_is_cut_to_blocks) {
+  Sample sample = Sample_Of(8, tests::Pcm(2, 16, 11025));
+  Pad_With_Silence(sample, 15);  // 661 bytes and a half
+  EXPECT_EQ(sample.Samples_Per_Capture, 660);
+  EXPECT_EQ(sample.Wave_Header_Buffer_Length, 660);
+  EXPECT_EQ(sample.Speech_Sample_Bytes.Count(), 660);
+}
+
 TEST(PadWithSilence, The_byte_rate_of_the_file_counts) {
   Sample sample = Sample_Of(100, tests::Pcm(1, 8, 11025));
   Pad_With_Silence(sample, 7000);

@@ -4,39 +4,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <vector>
 
-#include "tests/support/failures.hpp"
-#include "tests/support/test_session.hpp"
-#include "tests/support/wave_builder.hpp"
+#include "tests/audio/wave_reader_fixture.hpp"
 
 namespace quillspeech::tests {
 namespace {
-
-using FileBytes = std::vector<std::uint8_t>;
-
-struct WaveReader : testing::Test, TestSession {
-  Sample& sample = session.sample;
-
-  std::int16_t Read(const FileBytes& file) {
-    riff_files.files["a.wav"] = file;
-    return Open_Wave_File(session, "a.wav");
-  }
-  FileBytes Store() const {
-    const auto& store = session.sample.Speech_Sample_Bytes;
-    const std::uint8_t* first = store.Read_Range(0, store.Count() - 1);
-    return FileBytes(first, first + store.Count());
-  }
-  void Expect_One_Box(const std::string& text) {
-    ASSERT_EQ(boxes.shown.size(), 1u);
-    EXPECT_EQ(boxes.shown[0].box.text, text);
-    EXPECT_EQ(boxes.shown[0].box.title, "Quillspeech Wave ERROR");
-    EXPECT_EQ(boxes.shown[0].box.icon, BoxIcon::Stop);
-    EXPECT_EQ(boxes.shown[0].box.buttons, BoxButtons::OK);
-    EXPECT_EQ(riff_files.open_files, 0);
-  }
-};
 
 TEST_F(WaveReader, A_sound_lands_in_the_store_byte_for_byte) {
   const Sound sound = Silence(Bytes(500)) + Tone(1000_Hz, Amplitude(100), Bytes(2000));
@@ -84,41 +57,6 @@ TEST_F(WaveReader, The_file_is_closed_when_it_was_taken_in) {
   EXPECT_EQ(riff_files.open_files, 0);
 }
 
-// Boxes that note how many files are open while they are shown.
-class BoxesOverOpenFiles final : public MessageBoxes {
- public:
-  explicit BoxesOverOpenFiles(const headless::RiffFiles& files) : files_(files) {}
-  BoxAnswer Show(const MessageBox&) override {
-    open_files.push_back(files_.open_files);
-    return BoxAnswer::OK;
-  }
-
-  std::vector<int> open_files;
-
- private:
-  const headless::RiffFiles& files_;
-};
-
-TEST_F(WaveReader, The_box_is_shown_first_and_then_the_file_is_closed) {
-  BoxesOverOpenFiles watching(riff_files);
-  Session watched{
-      Ports{events, watching, host, cues, shell, riff_files, wave_input, wave_output, data_files}};
-  const std::vector<FileBytes> corrupt = {
-      {},
-      Wave().Without_Format(),
-      Wave().Chunk("fmt ", {}),
-      Wave().Format(Pcm(3)),
-      Wave().Format(),
-      Wave().Data({}),
-  };
-  for (const FileBytes& file : corrupt) {
-    riff_files.files["a.wav"] = file;
-    EXPECT_EQ(Open_Wave_File(watched, "a.wav"), False);
-    EXPECT_EQ(riff_files.open_files, 0);
-  }
-  EXPECT_EQ(watching.open_files, std::vector<int>(corrupt.size(), 1));
-}
-
 TEST_F(WaveReader, Nothing_is_announced_to_the_host) {
   bool told = false;
   session.operations.Wave_File_Was_Read = [&](Session&) { told = true; };
@@ -126,119 +64,14 @@ TEST_F(WaveReader, Nothing_is_announced_to_the_host) {
   EXPECT_FALSE(told);
 }
 
-TEST_F(WaveReader, A_stopped_session_opens_nothing_and_says_nothing) {
-  session.settings.Stop_everything_now = "YES";
-  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10)))), False);
-  EXPECT_EQ(riff_files.opens, 0);
-  EXPECT_TRUE(boxes.shown.empty());
-  EXPECT_EQ(sample.Speech_Sample_Bytes.Count(), 0);
-  EXPECT_EQ(sample.Samples_Per_Capture, 154350);
-}
-
 TEST_F(WaveReader, Only_the_exact_text_YES_stops_it) {
   session.settings.Stop_everything_now = "yes";
   EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10)))), True);
 }
 
-TEST_F(WaveReader, A_file_that_cannot_be_opened_is_told_with_an_apology) {
-  EXPECT_EQ(Open_Wave_File(session, "none.wav"), False);
-  Expect_One_Box("Sorry ! Couldn't open the wav file you specified.");
-}
-
-TEST_F(WaveReader, A_file_without_a_wave_form_is_a_corrupt_wavechunk) {
-  EXPECT_EQ(Read(Wave().Form("AVI ").Data(Silence(Bytes(10)))), False);
-  Expect_One_Box("Corrupt Wavechunk.");
-}
-
-TEST_F(WaveReader, An_empty_file_is_a_corrupt_wavechunk) {
-  EXPECT_EQ(Read({}), False);
-  Expect_One_Box("Corrupt Wavechunk.");
-}
-
-TEST_F(WaveReader, A_file_without_a_format_chunk_is_a_corrupt_Fmt_chunk) {
-  EXPECT_EQ(Read(Wave().Without_Format().Data(Silence(Bytes(10)))), False);
-  Expect_One_Box("Corrupt Fmt chunk");
-}
-
-TEST_F(WaveReader, A_format_chunk_of_no_bytes_is_a_corrupt_record) {
-  EXPECT_EQ(Read(Wave().Chunk("fmt ", {}).Data(Silence(Bytes(10)))), False);
-  Expect_One_Box("Corrupt Wave Format Record");
-}
-
-TEST_F(WaveReader, A_format_chunk_at_the_very_end_of_a_cut_file_is_a_corrupt_record) {
-  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10))).Cut_To(20)), False);
-  Expect_One_Box("Corrupt Wave Format Record");
-}
-
-TEST_F(WaveReader, A_format_that_cannot_be_read_leaves_the_old_one) {
-  sample.Wave_Format = Pcm(2, 16, 8000);
-  riff_files.failing_reads = {1};
-  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10)))), False);
-  Expect_One_Box("Corrupt Wave Format Record");
-  EXPECT_EQ(sample.Wave_Format.samples_per_second, 8000u);
-}
-
-TEST_F(WaveReader, A_format_that_no_device_plays_stays_in_the_record) {
-  WaveFormat compressed = Pcm();
-  compressed.format_tag = 2;
-  EXPECT_EQ(Read(Wave().Format(compressed).Data(Silence(Bytes(10)))), False);
-  Expect_One_Box("Corrupt Format");
-  EXPECT_EQ(sample.Wave_Format.format_tag, 2);
-}
-
-TEST_F(WaveReader, A_machine_without_a_device_plays_no_format) {
-  wave_output.present = false;
-  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10)))), False);
-  Expect_One_Box("Corrupt Format");
-}
-
-TEST_F(WaveReader, A_format_chunk_that_cannot_be_left_is_a_corrupt_fmt_chunk) {
-  riff_files.ascends_fail = true;
-  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10)))), False);
-  Expect_One_Box("Corrupt fmt chunk");
-}
-
-TEST_F(WaveReader, A_file_without_a_data_chunk_is_a_corrupt_data_chunk) {
-  EXPECT_EQ(Read(Wave().Format().Chunk("LIST", Silence(Bytes(10)))), False);
-  Expect_One_Box("Corrupt data chunk");
-}
-
-TEST_F(WaveReader, A_data_chunk_before_the_format_chunk_is_not_found_again) {
-  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10))).Format()), False);
-  Expect_One_Box("Corrupt data chunk");
-}
-
 TEST_F(WaveReader, A_second_data_chunk_behind_the_format_chunk_is_the_one_that_counts) {
   EXPECT_EQ(Read(Wave().Data(Level(1, Bytes(10))).Format().Data(Level(2, Bytes(4)))), True);
   EXPECT_EQ(Store(), FileBytes(4, 2));
-}
-
-TEST_F(WaveReader, A_data_chunk_of_no_bytes_leaves_the_store_alone) {
-  sample.Speech_Sample_Bytes.Resize(2);
-  EXPECT_EQ(Read(Wave().Data({})), False);
-  Expect_One_Box(" Corrupt wave data");
-  EXPECT_EQ(sample.Speech_Sample_Bytes.Count(), 3);
-}
-
-TEST_F(WaveReader, A_data_chunk_at_the_very_end_of_a_cut_file_leaves_zeros_of_its_size) {
-  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10))).Cut_To(44)), False);
-  Expect_One_Box(" Corrupt wave data");
-  EXPECT_EQ(Store(), FileBytes(10, 0));
-  EXPECT_EQ(sample.Samples_Per_Capture, 154350);
-  EXPECT_EQ(sample.Wave_Header_Buffer_Length, 0);
-}
-
-TEST_F(WaveReader, Data_that_cannot_be_read_is_corrupt) {
-  riff_files.failing_reads = {2};
-  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(10)))), False);
-  Expect_One_Box(" Corrupt wave data");
-}
-
-TEST_F(WaveReader, Data_that_fails_in_the_middle_of_a_long_file_is_corrupt) {
-  riff_files.failing_reads = {3};
-  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(3'000'000)))), False);
-  Expect_One_Box(" Corrupt wave data");
-  EXPECT_EQ(sample.Samples_Per_Capture, 154350);
 }
 
 TEST_F(WaveReader, A_data_chunk_shorter_than_its_size_is_taken_in_with_zeros_behind) {
@@ -315,12 +148,6 @@ TEST_F(WaveReader, A_file_that_ends_inside_its_format_leaves_the_fields_behind_t
   }
 }
 
-TEST_F(WaveReader, A_file_that_ends_behind_its_format_has_no_data_chunk) {
-  EXPECT_EQ(Read(Wave().Data(Silence(Bytes(5))).Cut_To(36)), False);
-  Expect_One_Box("Corrupt data chunk");
-  EXPECT_EQ(sample.Wave_Format.bits_per_sample, 8);
-}
-
 TEST_F(WaveReader, Formats_that_can_be_played_are_the_common_ones) {
   struct Case {
     const char* what;
@@ -375,24 +202,22 @@ TEST_F(WaveReader, A_sound_that_ends_with_a_read_is_whole) {
   EXPECT_EQ(sample.Samples_Per_Capture, 1 << 20);
 }
 
-TEST_F(WaveReader, A_data_chunk_that_claims_2_to_the_31_bytes_is_failure_6) {
-  for (const std::uint32_t size : {0x80000000u, 0xFFFFFFFFu}) {
-    SCOPED_TRACE(size);
-    const Wave wave = Wave().Data(Silence(Bytes(10))).Claiming(size).Riff_Claiming(0xFFFFFFFF);
-    EXPECT_EQ(Failure_Of([&] { Read(wave); }), 6);
-    EXPECT_EQ(riff_files.open_files, 0);
-    EXPECT_TRUE(boxes.shown.empty());
+// A machine of 64 bits has room for every index; a smaller one may find no memory.
+TEST_F(WaveReader, A_data_chunk_that_claims_far_more_than_the_file_has_is_taken_in_or_failure_7) {
+  std::int16_t taken_in = False;
+  const Wave wave = Wave().Data(Level(7, Bytes(10))).Claiming(0x7FFFFFFF);
+  const int failure = Failure_Of([&] { taken_in = Read(wave); });
+  EXPECT_EQ(riff_files.open_files, 0);
+  EXPECT_TRUE(boxes.shown.empty());
+  if (sizeof(void*) < 8 && failure != 0) {
+    EXPECT_EQ(failure, 7);
+    return;
   }
-}
-
-// On a machine of 64 bits; a smaller one may find no memory for the index, which is failure 7.
-TEST_F(WaveReader, A_data_chunk_that_claims_far_more_than_the_file_has_is_taken_in) {
-  if constexpr (sizeof(void*) == 8) {
-    EXPECT_EQ(Read(Wave().Data(Level(7, Bytes(10))).Claiming(0x7FFFFFFF)), True);
-    EXPECT_EQ(sample.Speech_Sample_Bytes.Count(), 0x7FFFFFFF);
-    EXPECT_EQ(sample.Speech_Sample_Bytes[0x7FFFFFFE], 0);
-    EXPECT_EQ(sample.Samples_Per_Capture, 10);
-  }
+  EXPECT_EQ(failure, 0);
+  EXPECT_EQ(taken_in, True);
+  EXPECT_EQ(sample.Speech_Sample_Bytes.Count(), 0x7FFFFFFF);
+  EXPECT_EQ(sample.Speech_Sample_Bytes[0x7FFFFFFE], 0);
+  EXPECT_EQ(sample.Samples_Per_Capture, 10);
 }
 
 }  // namespace

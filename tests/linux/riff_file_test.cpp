@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -52,6 +53,16 @@ TEST_F(RiffFileOnDisk, A_read_at_the_end_gives_what_there_is) {
   FileBytes bytes(5);
   EXPECT_EQ(file->Read(bytes.data(), 5), 3);
   EXPECT_EQ(file->Read(bytes.data(), 5), 0);
+}
+
+TEST_F(RiffFileOnDisk, A_read_error_gives_minus_1) {
+  const std::string path = Put("a.wav", {1, 2, 3});
+  const auto file = files.Open(path);
+  const int unreadable = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
+  ASSERT_GE(::dup3(unreadable, Descriptor_Of(path), O_CLOEXEC), 0);
+  ::close(unreadable);
+  FileBytes bytes(3);
+  EXPECT_EQ(file->Read(bytes.data(), 3), -1);
 }
 
 TEST_F(RiffFileOnDisk, Only_regular_files_open) {

@@ -289,6 +289,15 @@ TEST(RiffWalk, A_chunk_just_below_four_gigabytes_is_found) {
   EXPECT_TRUE(walk.Ascend(*data));
 }
 
+TEST(RiffWalk, A_chunk_whose_data_would_begin_at_four_gigabytes_is_none) {
+  RiffWalk walk(std::make_unique<Vast>(std::map<std::int64_t, FileBytes>{
+      {0, Wave().Without_Format().Chunk("junk", {}).Claiming(0xFFFFFFE4).Riff_Claiming(0xFFFFFFFF)},
+      {0xFFFFFFF8, Joined(Text("data"), {2, 0, 0, 0, 'h', 'i'})}}));
+  const auto riff = walk.Descend_To_Form(Wave_Form);
+  ASSERT_TRUE(riff);
+  EXPECT_FALSE(walk.Descend_To_Chunk(Data, *riff));
+}
+
 TEST(RiffWalk, A_chunk_beyond_four_gigabytes_is_none_and_does_not_wrap) {
   // The "junk" chunk ends at 2^32, where zeros follow; wrapped, that would be the start again.
   RiffWalk walk(std::make_unique<Vast>(std::map<std::int64_t, FileBytes>{

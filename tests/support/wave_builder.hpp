@@ -1,8 +1,6 @@
 // Sounds and WAV files made in one line.
 //
-//   test.riff_files.files["a.wav"] = Wave().Data(Silence(Bytes(500)) + Tone(1000_Hz,
-//   Amplitude(100),
-//                                                                         Bytes(2000)));
+//   Wave().Data(Silence(Bytes(500)) + Tone(1000_Hz, Amplitude(100), Bytes(2000)))
 #pragma once
 
 #include <cstdint>
