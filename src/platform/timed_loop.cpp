@@ -7,7 +7,7 @@ namespace quillspeech {
 
 struct TimedLoop::TimerState {
   std::chrono::milliseconds interval;
-  std::function<void()> tick;
+  std::shared_ptr<const std::function<void()>> tick;
   bool enabled = false;
   bool ended = false;
   Time due{0};
@@ -19,7 +19,10 @@ class TimedLoop::LoopTimer final : public Timer {
  public:
   LoopTimer(const TimedLoop& loop, std::shared_ptr<TimerState> state)
       : loop_(loop), state_(std::move(state)) {}
-  ~LoopTimer() override { state_->ended = true; }
+  ~LoopTimer() override {
+    state_->ended = true;
+    state_->tick.reset();  // what it holds must not wait for the next yield
+  }
   LoopTimer(const LoopTimer&) = delete;
   LoopTimer& operator=(const LoopTimer&) = delete;
 
@@ -64,9 +67,16 @@ std::unique_ptr<Timer> TimedLoop::Make_Timer(std::chrono::milliseconds interval,
                                              std::function<void()> tick) {
   auto state = std::make_shared<TimerState>();
   state->interval = interval;
-  state->tick = std::move(tick);
+  state->tick = std::make_shared<std::function<void()>>(std::move(tick));
   timers_.push_back(state);
   return std::make_unique<LoopTimer>(*this, std::move(state));
+}
+
+std::unique_ptr<Timer> TimedLoop::Make_Moment(Time moment, std::function<void()> tick) {
+  auto timer = Make_Timer(std::chrono::milliseconds(1), std::move(tick));
+  timer->Enable(true);
+  timers_.back()->due = moment;
+  return timer;
 }
 
 Timer& TimedLoop::Form_Timer(FormTimer timer) {
@@ -74,7 +84,8 @@ Timer& TimedLoop::Form_Timer(FormTimer timer) {
 }
 
 void TimedLoop::On_Tick(FormTimer timer, std::function<void()> tick) {
-  static_cast<LoopTimer&>(Form_Timer(timer)).State().tick = std::move(tick);
+  static_cast<LoopTimer&>(Form_Timer(timer)).State().tick =
+      std::make_shared<std::function<void()>>(std::move(tick));
 }
 
 void TimedLoop::Add_Source(EventSource& source) { sources_.push_back(&source); }
@@ -93,36 +104,49 @@ std::optional<EventLoop::Time> TimedLoop::Next_Due() const {
   return next;
 }
 
-void TimedLoop::Run_Pending_Events() {
-  const Nesting nesting(depth_);
+void TimedLoop::Run_What_Is_Due() {
   Serve_Sources();
   Run_Due_Timers();
+}
+
+void TimedLoop::Yield() {
+  On_Yield();
+  Run_What_Is_Due();
+}
+
+void TimedLoop::Run_Pending_Events() {
+  const Nesting nesting(depth_);
+  Yield();
 }
 
 void TimedLoop::Wait_For_Events() {
   const Nesting nesting(depth_);
   const auto due = Next_Due();
   if (!due || *due > Now()) Sleep_Until(due);
-  Serve_Sources();
-  Run_Due_Timers();
+  Run_What_Is_Due();
 }
 
+// A sleep that ends early, since something is due, goes on after that.
 void TimedLoop::Pass(Time least) {
   constexpr Time Shortest_Sleep{1'000};  // below it a machine's own sleep takes longer than asked
-  pass_credit_ += least;
-  if (pass_credit_ >= Shortest_Sleep) {
-    Time until = Now() + std::exchange(pass_credit_, Time{0});
-    if (const auto due = Next_Due()) until = std::min(until, *due);
-    if (until > Now()) Sleep_Until(until);
-  }
-  Run_Pending_Events();
+  const Nesting nesting(depth_);
+  const Time now = Now();
+  const Time until = std::max(passes_until_, now) + least;
+  passes_until_ = until;
+  if (until - now < Shortest_Sleep) return Yield();
+  do {
+    const auto due = Next_Due();
+    if (!due || *due > Now()) Sleep_Until(due ? std::min(*due, until) : until);
+    Yield();
+  } while (Now() < until);
 }
 
+// Serving may take time, so each source is told the time anew.
 void TimedLoop::Serve_Sources() {
   const auto sources = sources_;
-  const Time now = Now();
   for (EventSource* const source : sources) {
-    if (std::find(sources_.begin(), sources_.end(), source) != sources_.end()) source->Serve(now);
+    const bool is_here = std::find(sources_.begin(), sources_.end(), source) != sources_.end();
+    if (is_here) source->Serve(Now());
   }
 }
 
@@ -140,8 +164,8 @@ void TimedLoop::Run_Due_Timers() {
   for (const auto& timer : due) {
     if (!timer->Can_Tick() || timer->due > now) continue;
     timer->due = Now() + timer->interval;
-    const auto tick = timer->tick;  // a tick may give its timer another
-    tick();
+    const auto tick = timer->tick;  // a tick may give its timer another, or end it
+    (*tick)();
   }
 }
 

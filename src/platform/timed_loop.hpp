@@ -18,7 +18,7 @@ class EventSource {
 
   // When it wants to be served next; nothing when it waits for nothing.
   virtual std::optional<EventLoop::Time> Next_Due() const = 0;
-  // Called at every yield, due or not.
+  // Called at every yield, due or not. Afterwards it is due later than now, or not at all.
   virtual void Serve(EventLoop::Time now) = 0;
 };
 
@@ -48,19 +48,27 @@ class TimedLoop : public EventLoop {
  protected:
   // Sleeps until that moment, or without end; may return early when something woke it.
   virtual void Sleep_Until(std::optional<Time> moment) = 0;
+  // Called at the head of each yield, but not when a wait ends.
+  virtual void On_Yield() {}
+
+  // A timer that is on and due at that moment, whatever its fraction of a millisecond. It is to be
+  // switched off or destroyed by its tick.
+  std::unique_ptr<Timer> Make_Moment(Time moment, std::function<void()> tick);
 
  private:
   class LoopTimer;
   struct TimerState;
   class Nesting;
 
+  void Yield();
+  void Run_What_Is_Due();
   void Serve_Sources();
   void Run_Due_Timers();
 
   std::vector<std::shared_ptr<TimerState>> timers_;
   std::array<std::unique_ptr<Timer>, Form_Timer_Count> form_timers_;
   std::vector<EventSource*> sources_;
-  Time pass_credit_{0};  // time that passes have yet to take
+  Time passes_until_{0};  // before this the passes so far have not taken their time
   int depth_ = 0;
 };
 

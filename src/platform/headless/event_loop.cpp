@@ -6,16 +6,16 @@
 
 namespace quillspeech::headless {
 
-void EventLoop::Run_Pending_Events() {
+void EventLoop::On_Yield() {
   ++yields;
   if (At_Yield) At_Yield();
-  TimedLoop::Run_Pending_Events();
 }
 
 void EventLoop::Sleep_Until(std::optional<Time> moment) {
   if (horizon && (!moment || *moment > *horizon)) {
     now_ = std::max(now_, *horizon);
-    if (At_Horizon) return At_Horizon();
+    if (!At_Horizon) throw std::logic_error("a wait has come to the horizon");
+    return At_Horizon();
   }
   if (!moment) throw std::logic_error("a wait for nothing would never end");
   now_ = std::max(now_, *moment);
@@ -28,19 +28,17 @@ void EventLoop::Run_For(Time duration) {
     if (due && *due <= end) {
       Wait_For_Events();
     } else {
-      now_ = end;
+      Sleep_Until(end);
     }
   }
 }
 
 void EventLoop::At(std::chrono::milliseconds moment, std::function<void()> action) {
-  std::unique_ptr<Timer>& timer = moments_.emplace_back();
-  const auto interval = moment - std::chrono::duration_cast<std::chrono::milliseconds>(now_);
-  timer = Make_Timer(interval, [&timer, action = std::move(action)] {
-    timer->Enable(false);
+  const auto place = moments_.emplace(moments_.end());
+  *place = Make_Moment(moment, [this, place, action = std::move(action)] {
+    moments_.erase(place);
     action();
   });
-  timer->Enable(true);
 }
 
 }  // namespace quillspeech::headless

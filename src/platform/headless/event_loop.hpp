@@ -15,17 +15,17 @@ namespace quillspeech::headless {
 class EventLoop final : public TimedLoop {
  public:
   Time Now() const override { return now_; }
-  void Run_Pending_Events() override;
 
   // Waits, as often as it takes, until that much time has passed. A wait inside a tick may go past
   // the end, a recording until its buffer is full.
   void Run_For(Time duration);
 
-  // Runs the action at that moment, which is still to come, as a timer's tick.
+  // Runs the action at that moment, or at the next yield when that is past, as a timer's tick.
   void At(std::chrono::milliseconds moment, std::function<void()> action);
 
   // Time does not move past the horizon: a wait that comes to it calls At_Horizon, which moves the
-  // horizon, makes something due, or throws. Without one, time is free.
+  // horizon, makes something due, or throws; without At_Horizon such a wait throws. Without a
+  // horizon, time is free.
   std::optional<Time> horizon;
   std::function<void()> At_Horizon;
 
@@ -34,9 +34,10 @@ class EventLoop final : public TimedLoop {
 
  private:
   void Sleep_Until(std::optional<Time> moment) override;
+  void On_Yield() override;
 
   Time now_{0};
-  std::list<std::unique_ptr<Timer>> moments_;
+  std::list<std::unique_ptr<Timer>> moments_;  // that are still to come
 };
 
 }  // namespace quillspeech::headless
