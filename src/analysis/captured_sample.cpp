@@ -47,25 +47,24 @@ struct Word {
   std::int64_t Length() const { return end - start; }
 };
 
-void Analyse_Word_Slices(Session& session, const Word& word, std::int64_t slice_bytes) {
+void Analyse_Word_Slices(Session& session, const Word& word) {
   WordTables& words = session.words;
-  Number_Slices(words, word.Length(), slice_bytes);
+  Number_Slices(words, word.Length(), session.settings.Sample_processing_resolution);
   const std::int64_t last = words.No_of_Processings;
   for (std::int64_t number = 1; number <= last; ++number) {
     words.Current_Vyanjana_no_Processed = number;
     if (session.flags.Stop_Sample_Flag == 1) return;
     const std::int64_t overlap = number == 1 ? 0 : session.settings.Sample_Overlap_Bytes.Raw();
-    Analyse_Numbered_Slice(session, word.start, slice_bytes, overlap, Analyse_Slice);
+    Analyse_Numbered_Slice(session, word.start, overlap, Analyse_Slice);
   }
   session.flags.Analysis_Running = 1;
 }
 
+// A host may change the slice length at the yield of any slice.
 void Analyse_Word(Session& session, const Word& word) {
-  const std::int64_t slice_bytes = session.settings.Sample_processing_resolution;
+  const Checked32& slice_bytes = session.settings.Sample_processing_resolution;
   if (word.Length() > 0 && slice_bytes == 0) Analyse_Slice(session, word.start, word.end);
-  if (slice_bytes > 0 && word.Length() > slice_bytes) {
-    Analyse_Word_Slices(session, word, slice_bytes);
-  }
+  if (slice_bytes > 0 && word.Length() > slice_bytes) Analyse_Word_Slices(session, word);
   if (word.Length() <= slice_bytes) Analyse_Slice(session, word.start, word.end);
 }
 

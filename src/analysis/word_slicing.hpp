@@ -16,11 +16,12 @@ using SliceAnalysis = void (*)(Session&, Checked32 first_byte, Checked32 last_by
 // too, and one slice has none. Failure 6 past 16 bits.
 void Number_Slices(WordTables& words, std::int64_t length, std::int64_t slice_bytes);
 
-// Analyses slice Current_Vyanjana_no_Processed of the word that begins at `start`: once for each of
-// the switches Start_only, end_only and middle_only that is "YES" and whose slice it is, and once,
-// reaching `overlap` bytes back, when all three are "NO".
-void Analyse_Numbered_Slice(Session& session, std::int64_t start, std::int64_t slice_bytes,
-                            std::int64_t overlap, SliceAnalysis analyse);
+// Analyses slice Current_Vyanjana_no_Processed of the word that begins at `start`, its length being
+// what Sample_processing_resolution says now: once for each of the switches Start_only, end_only
+// and middle_only that is "YES" and whose slice it is, and once, reaching `overlap` bytes back,
+// when all three are "NO".
+void Analyse_Numbered_Slice(Session& session, std::int64_t start, std::int64_t overlap,
+                            SliceAnalysis analyse);
 
 // Analyses the stretch of a file between these positions at every site that its length opens. The
 // sites are not exclusive: as a whole when it has 101 to 2,000 bytes; as a whole when it has more,

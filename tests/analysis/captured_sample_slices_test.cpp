@@ -37,6 +37,21 @@ TEST(CapturedSample, A_word_of_3500_bytes_in_slices_of_1000_gives_four_and_runs_
   EXPECT_EQ(test.session.words.Current_Vyanjana_no_Processed, 4);
 }
 
+TEST(CapturedSample, A_slice_length_set_during_a_slice_holds_from_the_next_slice_on) {
+  Capture test(Words({3000}, Pause));
+  test.events.At_Yield = [&] { test.session.settings.Sample_processing_resolution = 500; };
+  test.Slice_Bytes(1000, 1).Run();
+  EXPECT_EQ(test.Slices(), (Bounds{{2000, 3000}, {2499, 3000}, {2999, 3500}}));
+  EXPECT_EQ(test.session.words.No_of_Processings, 3);
+}
+
+TEST(CapturedSample, A_slice_length_set_during_a_whole_word_may_have_it_analysed_once_more) {
+  Capture test(Words({3000}, Pause));
+  test.events.At_Yield = [&] { test.session.settings.Sample_processing_resolution = 5000; };
+  test.Slice_Bytes(0).Run();
+  EXPECT_EQ(test.Slices(), (Bounds{{2000, 5000}, {2000, 5000}}));
+}
+
 TEST(CapturedSample, A_word_no_longer_than_a_slice_is_analysed_whole) {
   for (const int bytes : {1000, 2500}) {
     Capture test(Words({1000}, Pause));
