@@ -22,7 +22,11 @@ struct Recorder {
   WaveHandle Wave_Out_Handle = 0;
   DynamicTable<std::uint8_t> Echo_Sample_Bytes;
 
-  int Waiting_Depth = 0;  // depth of the yield in which a recording waits for its buffer; 0: none
+  // The wait for the buffer.
+  int Waiting_Depth = 0;              // depth of the yields in which it waits; 0: nobody does
+  int Calls_Waiting = 0;              // calls of Start_Recording that it serves
+  bool Buffer_Given_Up = false;       // stopped since: the device will not mark the buffer done
+  bool Recovering_From_Stop = false;  // a stop that failed is being recovered from
 };
 
 }  // namespace quillspeech

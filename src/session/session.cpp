@@ -14,6 +14,14 @@ Session::Session(const Ports& platform) : ports(platform) {
   slice.angle_tables = std::make_shared<AngleTables>();
 }
 
+Session::~Session() {
+  for (const FormTimer timer : {FormTimer::Timer1, FormTimer::Timer2, FormTimer::Timer3,
+                                FormTimer::Timer4, FormTimer::Timer5}) {
+    ports.events.Enable(timer, false);
+    ports.events.On_Tick(timer, [] {});
+  }
+}
+
 bool Is_Stopped(const Session& session) { return session.settings.Stop_everything_now == "YES"; }
 
 void Clear_Result_Tables(Results& results) {

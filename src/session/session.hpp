@@ -24,6 +24,8 @@ namespace quillspeech {
 // small stacks.
 struct Session {
   explicit Session(const Ports& platform);
+  // Leaves the loop's five timers off and without a tick: the loop may outlive the session.
+  ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 

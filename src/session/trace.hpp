@@ -2,6 +2,7 @@
 // result of its own depends on it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -21,7 +22,14 @@ struct SliceTrace {
 struct Trace {
   bool Keep_Slices = false;  // whether the calls below are to be kept
   std::vector<SliceTrace> slices;
-  std::vector<int> failures;  // numbers of the run-time failures that were trapped, in order
+
+  // The numbers of the run-time failures that were trapped, in order: the first ones only, so that
+  // a session that never ends does not grow by them.
+  static constexpr std::size_t Most_Failures = 1'000;
+  std::vector<int> failures;
+  void Note_Failure(int number) {
+    if (failures.size() < Most_Failures) failures.push_back(number);
+  }
 };
 
 }  // namespace quillspeech

@@ -51,6 +51,19 @@ TEST(FailureTrap, The_failure_is_noted_before_the_recovery_runs) {
   EXPECT_EQ(noted, 1U);
 }
 
+TEST(FailureTrap, The_first_1000_failures_are_noted_and_no_more) {
+  Trap test;
+  for (int i = 0; i < 999; ++i) {
+    Run_Silently_Trapped(test.session, [] { Fail(Failure::Overflow); });
+  }
+  for (const Failure failure : {Failure::Disk_Full, Failure::Invalid_Call, Failure::Overflow}) {
+    Run_Trapped(test.session, [&] { Fail(failure); });
+  }
+  ASSERT_EQ(test.session.trace.failures.size(), 1000U);
+  EXPECT_EQ(test.session.trace.failures.back(), 61);
+  EXPECT_EQ(test.recoveries, 3);  // also of those that are not noted
+}
+
 TEST(FailureTrap, A_trap_inside_a_trap_keeps_its_failure_to_itself) {
   Trap test;
   bool went_on = false;
@@ -69,6 +82,23 @@ TEST(FailureTrap, A_failure_of_the_recovery_is_not_caught_again) {
   test.session.operations.Stop_And_Recover = [](Session&) { Fail(Failure::Device_Failure); };
   const auto fail = [&] { Run_Trapped(test.session, [] { Fail(Failure::Overflow); }); };
   EXPECT_EQ(Failure_Of(fail), 57);
+}
+
+TEST(FailureTrap, A_trap_with_a_message_shows_it_before_the_recovery) {
+  Trap test;
+  std::size_t shown = 0;
+  test.session.operations.Stop_And_Recover = [&](Session&) { shown = test.boxes.shown.size(); };
+  const FailureMessage message{"Title", "Text"};
+  Run_Trapped(test.session, message, [] {});
+  EXPECT_TRUE(test.boxes.shown.empty());
+  Run_Trapped(test.session, message, [] { Fail(Failure::Overflow); });
+  ASSERT_EQ(shown, 1U);
+  const MessageBox& box = test.boxes.shown[0].box;
+  EXPECT_EQ(box.title, "Title");
+  EXPECT_EQ(box.text, "Text");
+  EXPECT_EQ(box.icon, BoxIcon::Stop);
+  EXPECT_EQ(box.buttons, BoxButtons::OK);
+  EXPECT_EQ(test.session.trace.failures, std::vector<int>{6});
 }
 
 TEST(FailureTrap, The_silent_trap_recovers_nothing_and_shows_nothing) {

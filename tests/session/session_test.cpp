@@ -2,16 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdint>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "tests/support/failures.hpp"
 #include "tests/support/test_session.hpp"
 
 namespace quillspeech {
 namespace {
 
+using tests::Failure_Of;
 using tests::TestSession;
 
 TEST(ResetResults, It_clears_the_words_the_scores_the_best_the_font_and_the_file_run) {
@@ -249,6 +252,50 @@ TEST(Session, A_new_one_is_not_started_and_wants_one_word_pattern_only) {
   for (int j = 0; j <= 100; ++j) {
     EXPECT_EQ(session.settings.Words_I_Want[j], j == 1 ? "*" : "") << j;
   }
+}
+
+// The last cell can be used, its successor not: failure 9.
+template <class Table>
+void Expect_Bounds(Table& table, std::int64_t last, const char* name) {
+  EXPECT_EQ(Failure_Of([&] { table[0] = {}; }), 0) << name;
+  EXPECT_EQ(Failure_Of([&] { table[last] = {}; }), 0) << name;
+  EXPECT_EQ(Failure_Of([&] { table[last + 1] = {}; }), 9) << name;
+  EXPECT_EQ(Failure_Of([&] { table[-1] = {}; }), 9) << name;
+}
+
+TEST(Session, Each_table_that_a_host_reads_ends_where_it_should) {
+  TestSession test;
+  Session& session = test.session;
+  Expect_Bounds(session.results.Platinum_Best_Table, 7, "Platinum_Best_Table");
+  Expect_Bounds(session.results.Platinum_Word_Table, 1000, "Platinum_Word_Table");
+  Expect_Bounds(session.results.Platinum_Score_Table, 1000, "Platinum_Score_Table");
+  Expect_Bounds(session.filter.Voice_Word_Table, 100, "Voice_Word_Table");
+  Expect_Bounds(session.filter.Voice_Word_Matched_Table, 100, "Voice_Word_Matched_Table");
+  Expect_Bounds(session.settings.Words_I_Want, 100, "Words_I_Want");
+  Expect_Bounds(session.filter.Word_Check_Flags, 100, "Word_Check_Flags");
+  Expect_Bounds(session.filter.Filter_Slot_Table, 1000, "Filter_Slot_Table");
+  Expect_Bounds(session.filter.Filter_Weight_Table, 1000, "Filter_Weight_Table");
+  Expect_Bounds(session.filter.Engine_Table, 100, "Engine_Table");
+}
+
+TEST(Session, A_loop_that_outlives_it_ticks_no_more) {
+  TestSession ground;
+  int ticks = 0;
+  const auto All = {FormTimer::Timer1, FormTimer::Timer2, FormTimer::Timer3, FormTimer::Timer4,
+                    FormTimer::Timer5};
+  {
+    const Session session(ground.session.ports);
+    for (const FormTimer timer : All) {
+      ground.events.On_Tick(timer, [&] { ++ticks; });
+      ground.events.Enable(timer, true);
+    }
+  }
+  for (const FormTimer timer : All) {
+    EXPECT_FALSE(ground.events.Is_Enabled(timer));
+    ground.events.Enable(timer, true);
+  }
+  ground.events.Run_For(std::chrono::seconds(2));
+  EXPECT_EQ(ticks, 0);
 }
 
 TEST(Session, Only_an_exact_YES_stops_everything) {
