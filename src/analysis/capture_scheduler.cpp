@@ -13,7 +13,8 @@ namespace quillspeech {
 void Timer1_Timer(Session& session) {
   Checked32& seconds = session.recorder.Capture_Seconds;
   ++seconds;
-  const bool run_out = seconds * 1'000 >= session.settings.Speech_sampling_time_in_ms;
+  const Checked32 elapsed = seconds * 1'000;  // ms
+  const bool run_out = elapsed >= session.settings.Speech_sampling_time_in_ms;
   if (session.flags.Analysis_Running != 0 || !run_out) return;
   session.ports.events.Enable(FormTimer::Timer5, true);
   session.ports.events.Enable(FormTimer::Timer1, false);
@@ -30,7 +31,7 @@ void Timer5_Timer(Session& session) { Start_Recording(session); }
 
 // How many is settled at the first.
 void Wait_Passes(EventLoop& events, Checked32& count) {
-  constexpr EventLoop::Time Least{10};
+  constexpr EventLoop::Time Least{100};
   for (std::int64_t left = count; left > 0; --left) events.Pass(Least);
 }
 

@@ -28,18 +28,39 @@ void Copy_Word(Session& session, std::int64_t first_byte, std::int64_t last_byte
   std::copy_n(word, count, session.recorder.Echo_Sample_Bytes.Write_Range(1, count));
 }
 
+// The output with the header in it, given back however its use ends.
+class Playing {
+ public:
+  Playing(WaveOutput& device, WaveHandle handle, WaveHeader& header)
+      : device_(device), handle_(handle), header_(header) {
+    device_.Prepare_Header(handle_, header_);
+  }
+  ~Playing() {
+    device_.Unprepare_Header(handle_, header_);
+    device_.Close(handle_);
+  }
+  Playing(const Playing&) = delete;
+  Playing& operator=(const Playing&) = delete;
+
+  // False when nothing will sound, and the header will never be done.
+  bool Begin() { return device_.Write(handle_, header_) == Wave_Ok; }
+  bool Is_Over() const { return (header_.flags & Header_Done) != 0; }
+
+ private:
+  WaveOutput& device_;
+  WaveHandle handle_;
+  WaveHeader& header_;
+};
+
 void Play_Buffer(Session& session) {
   WaveOutput& device = session.ports.wave_output;
-  WaveHandle& handle = session.recorder.Wave_Out_Handle;
-  WaveHeader& header = session.sample.Wave_Header;
   EventLoop& events = session.ports.events;
+  WaveHandle& handle = session.recorder.Wave_Out_Handle;
   if (device.Open(handle, session.sample.Wave_Format) != Wave_Ok) return;
-  device.Prepare_Header(handle, header);
-  const bool plays = device.Write(handle, header) == Wave_Ok;
+  Playing playing(device, handle, session.sample.Wave_Header);
+  const bool sounds = playing.Begin();
   events.Run_Pending_Events();
-  while (plays && (header.flags & Header_Done) == 0) events.Wait_For_Events();
-  device.Unprepare_Header(handle, header);
-  device.Close(handle);
+  while (sounds && !playing.Is_Over()) events.Wait_For_Events();
 }
 
 }  // namespace

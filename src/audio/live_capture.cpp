@@ -150,14 +150,15 @@ bool Is_Wait_Over(const Session& session) {
   return (session.sample.Wave_Header.flags & Header_Done) != 0 || session.recorder.Buffer_Given_Up;
 }
 
-// A recording that a tick of this very wait sets up is waited for here, so that the stack stays
-// flat however many follow one another. Each of them is waited for, and ends, as if it did so
-// itself.
+void Unprepare_Header(Session& session) {
+  session.ports.wave_input.Unprepare_Header(session.recorder.Wave_In_Handle,
+                                            session.sample.Wave_Header);
+}
+
 void Wait_For_Buffer(Session& session) {
   Recorder& recorder = session.recorder;
   EventLoop& events = session.ports.events;
   const Scoped depth(recorder.Waiting_Depth, events.Depth() + 1);
-  const Scoped calls(recorder.Calls_Waiting, 1);
   for (int begun = 0; begun < recorder.Calls_Waiting || !Is_Wait_Over(session);) {
     if (begun < recorder.Calls_Waiting) {
       begun = recorder.Calls_Waiting;
@@ -166,19 +167,23 @@ void Wait_For_Buffer(Session& session) {
       events.Wait_For_Events();
     }
   }
-  for (int ended = 0; ended < recorder.Calls_Waiting; ++ended) {
-    session.ports.wave_input.Unprepare_Header(recorder.Wave_In_Handle, session.sample.Wave_Header);
-  }
 }
 
-void Record(Session& session) {
-  if (Is_Stopped(session) || !Set_Up_Recording(session)) return;
-  Recorder& recorder = session.recorder;
-  if (recorder.Waiting_Depth != 0 && recorder.Waiting_Depth == session.ports.events.Depth()) {
-    ++recorder.Calls_Waiting;
-  } else {
+// A recording that a tick of this very wait sets up is waited for here, so that the stack stays
+// flat however many follow one another. Each of them is waited for, and ends, as if it did so
+// itself: a failure ends the one that began last, and its recovery the wait of the others.
+void Wait_For_Recording(Session& session) {
+  const Scoped calls(session.recorder.Calls_Waiting, 1);
+  Run_Trapped(session, Start_Failed, [&] {
     Wait_For_Buffer(session);
-  }
+    Unprepare_Header(session);
+  });
+  for (int left = session.recorder.Calls_Waiting - 1; left > 0; --left) Unprepare_Header(session);
+}
+
+bool Is_Within_Wait(const Session& session) {
+  const Recorder& recorder = session.recorder;
+  return recorder.Waiting_Depth != 0 && recorder.Waiting_Depth == session.ports.events.Depth();
 }
 
 // The reset marks the buffer done, which ends the wait for it. A device that never took the buffer,
@@ -219,7 +224,15 @@ Checked32 Promised_Samples(const Settings& settings) {
 }
 
 void Start_Recording(Session& session) {
-  Run_Trapped(session, Start_Failed, [&] { Record(session); });
+  bool is_set_up = false;
+  Run_Trapped(session, Start_Failed,
+              [&] { is_set_up = !Is_Stopped(session) && Set_Up_Recording(session); });
+  if (!is_set_up) return;
+  if (Is_Within_Wait(session)) {
+    ++session.recorder.Calls_Waiting;
+  } else {
+    Wait_For_Recording(session);
+  }
 }
 
 // The recovery stops the recording too: when that fails once more, it is not recovered from again.

@@ -33,6 +33,7 @@ template <class Result>
 bool Run_Batch(const RunOptions& options, Console& console,
                const std::function<Result(const RecognitionRun&)>& digest,
                const std::function<void(Result&)>& deliver) {
+  console.take_interrupts();
   FileNames names(options.files, console);
   Progress progress(console, names.Count());
   const auto angle_tables = std::make_shared<AngleTables>();

@@ -9,9 +9,13 @@
 
 #include "base/text.hpp"
 #include "cli/data_tools.hpp"
+#include "cli/devices.hpp"
 #include "cli/evaluate.hpp"
 #include "cli/exit_status.hpp"
+#include "cli/host.hpp"
 #include "cli/learn.hpp"
+#include "cli/listen.hpp"
+#include "cli/members.hpp"
 #include "cli/option_checks.hpp"
 #include "cli/recognize.hpp"
 
@@ -28,10 +32,14 @@ struct CommandLine {
   RecognizeOptions recognize;
   LearnOptions learn;
   EvaluateOptions evaluate;
+  ListenOptions listen;
+  DevicesOptions devices;
   int data_exit_status = Exit_Done;
   CLI::App* recognize_command = nullptr;
   CLI::App* learn_command = nullptr;
   CLI::App* evaluate_command = nullptr;
+  CLI::App* listen_command = nullptr;
+  CLI::App* devices_command = nullptr;
 
   explicit CommandLine(Console& console) {
     app.set_version_flag("--version", Version);
@@ -42,7 +50,11 @@ struct CommandLine {
     recognize_command = &Add_Recognize_Command(app, recognize);
     learn_command = &Add_Learn_Command(app, learn);
     evaluate_command = &Add_Evaluate_Command(app, evaluate);
+    listen_command = &Add_Listen_Command(app, listen);
+    devices_command = &Add_Devices_Command(app, devices);
     Add_Data_Commands(app, console, data_exit_status);
+    Add_Host_Command(app, console, data_exit_status);
+    Add_Members_Command(app, console);
     for (CLI::App* const command : app.get_subcommands({})) command->group("Commands");
   }
 };
@@ -50,7 +62,9 @@ struct CommandLine {
 int Run_Parsed(CommandLine& line, Console& console) {
   if (*line.recognize_command) return Recognize_Files(std::move(line.recognize), console);
   if (*line.learn_command) return Learn_Word(std::move(line.learn), console);
-  if (*line.evaluate_command) return Evaluate_Files(line.evaluate, console);
+  if (*line.evaluate_command) return Evaluate_Files(std::move(line.evaluate), console);
+  if (*line.listen_command) return Listen(std::move(line.listen), console);
+  if (*line.devices_command) return Tell_Of_Devices(std::move(line.devices), console);
   return line.data_exit_status;
 }
 
@@ -111,7 +125,8 @@ int Ended(int exit_status, Console& console) {
     console.err << "quillspeech: the results could not be written\n";
     return Exit_File_Failed;
   }
-  return console.Is_Interrupted() ? Exit_Interrupted : exit_status;
+  const bool cut_short = console.Is_Interrupted() && !console.interrupt_is_an_end;
+  return cut_short ? Exit_Interrupted : exit_status;
 }
 
 }  // namespace

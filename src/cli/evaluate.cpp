@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <optional>
 #include <sstream>
+#include <utility>
 
 #include "base/run_time_failure.hpp"
 #include "cli/batch.hpp"
@@ -23,7 +24,7 @@ CLI::App& Add_Evaluate_Command(CLI::App& app, EvaluateOptions& options) {
                   "The words that are spoken: lines of a WAV name, a tab, comma or blank, a word")
       ->check(File_Name(), "")
       ->type_name("FILE");
-  command.add_flag("--json", options.json, "Print one JSON object");
+  Add_Report_Options(command, options.report, "Print one JSON object");
   command.footer(
       "Without --labels the word is the file name up to its first _ (hello_3.wav: hello).\n\n"
       "Example:\n"
@@ -53,7 +54,8 @@ std::optional<Labels> Read_Labels(const std::string& file, std::ostream& err) {
   return std::nullopt;
 }
 
-Judged Judge(const RecognitionRun& run, const std::optional<std::string>& expected) {
+Judged Judge(const ReportOptions& options, const RecognitionRun& run,
+             const std::optional<std::string>& expected) {
   const Session& session = run.Asked_Session();
   Judged judged;
   Answer& answer = judged.answer;
@@ -64,6 +66,7 @@ Judged Judge(const RecognitionRun& run, const std::optional<std::string>& expect
     answer.answer = words.front().word;
     answer.percentage = words.front().percentage;
   }
+  if (options.trace) answer.slices = session.trace.slices;
   if (!expected) judged.complaints.emplace_back("has no word in the list of labels");
   if (!judged.complaints.empty() || !run.Complaints().empty()) {
     answer.outcome = Outcome::Failed;
@@ -72,6 +75,8 @@ Judged Judge(const RecognitionRun& run, const std::optional<std::string>& expect
   } else {
     answer.outcome = answer.answer == answer.expected ? Outcome::Right : Outcome::Wrong;
   }
+  // The answer counts whatever becomes of its picture.
+  if (auto complaint = Draw_Graph(options, run)) judged.complaints.push_back(std::move(*complaint));
   return judged;
 }
 
@@ -88,26 +93,27 @@ bool Explain(const EvaluateOptions& options, Evaluation& evaluation, std::ostrea
 
 }  // namespace
 
-int Evaluate_Files(const EvaluateOptions& options, Console& console) {
+int Evaluate_Files(EvaluateOptions options, Console& console) {
+  if (!Prepare_To_Report(options.report, options.run, console.err)) return Exit_Wrong_Usage;
   std::optional<Labels> labels;
   if (!options.labels.empty() && !(labels = Read_Labels(options.labels, console.err))) {
-    return Exit_Wrong_Usage;
+    return Exit_File_Failed;
   }
-  if (!Check_Options(options.run, console.err)) return Exit_Wrong_Usage;
   const auto expected = [&](const std::string& file) -> std::optional<std::string> {
     return labels ? labels->Find(file) : Word_In_Name(file);
   };
   Evaluation evaluation;
   bool all_went_well = Run_Batch<Judged>(
       options.run, console,
-      [&](const RecognitionRun& run) { return Judge(run, expected(run.File())); },
+      [&](const RecognitionRun& run) { return Judge(options.report, run, expected(run.File())); },
       [&](Judged& judged) {
-        if (!options.json) console.out << Answer_Line(judged.answer, console.colour) << std::flush;
+        if (!options.report.json)
+          console.out << Answer_Line(judged.answer, console.colour) << std::flush;
         evaluation.answers.push_back(std::move(judged.answer));
       });
   all_went_well = Explain(options, evaluation, console.err) && all_went_well;
-  console.out << (options.json ? Evaluation_Json(evaluation) + "\n"
-                               : Evaluation_Text(evaluation, console.colour))
+  console.out << (options.report.json ? Evaluation_Json(evaluation) + "\n"
+                                      : Evaluation_Text(evaluation))
               << std::flush;
   return all_went_well ? Exit_Done : Exit_File_Failed;
 }

@@ -4,19 +4,20 @@
 #include <string>
 
 #include "cli/console.hpp"
+#include "cli/report_options.hpp"
 #include "cli/run_options.hpp"
 
 namespace quillspeech::cli {
 
 struct EvaluateOptions {
   RunOptions run;
+  ReportOptions report;
   std::string labels;  // file with the words, or empty: they stand in the file names
-  bool json = false;
 };
 
 CLI::App& Add_Evaluate_Command(CLI::App& app, EvaluateOptions& options);
 
 // Gives an ExitStatus; wrong answers are no failure.
-int Evaluate_Files(const EvaluateOptions& options, Console& console);
+int Evaluate_Files(EvaluateOptions options, Console& console);
 
 }  // namespace quillspeech::cli

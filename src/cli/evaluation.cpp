@@ -8,8 +8,10 @@
 
 #include "base/run_time_failure.hpp"
 #include "base/text.hpp"
+#include "cli/report_json.hpp"
 #include "cli/report_text.hpp"
 #include "cli/word_record.hpp"
+#include "datafiles/record_scan.hpp"
 #include "platform/linux/data_file.hpp"
 #include "recognition/like_match.hpp"
 
@@ -87,9 +89,10 @@ void Find_Shared_Patterns(const std::string& language_file, std::vector<Answer>&
   RecordFile file;
   file.Open(store, language_file, datafiles::SayRecord::Record_Bytes);
   const std::int64_t count = file.Record_Count();
+  RecordScan scan(file);
+  datafiles::SayRecord record;
   for (std::int64_t number = 1; number <= count; ++number) {
-    datafiles::SayRecord record;
-    file.Read(number, record.Bytes());
+    scan.Read_Next(record.Bytes(), datafiles::SayRecord::Missing_Byte);
     for (Answer* answer : wrong) Add_Shared(record, number, *answer);
   }
 }
@@ -101,12 +104,11 @@ using Json = nlohmann::ordered_json;
 Json Answers_Json(const std::vector<Answer>& answers) {
   Json list = Json::array();
   for (const Answer& answer : answers) {
-    list.push_back({{"file", answer.file},
-                    {"expected", answer.expected},
-                    {"answer", answer.answer},
-                    {"percentage", answer.percentage},
-                    {"pattern", answer.pattern},
-                    {"outcome", Outcome_Name(answer.outcome)}});
+    Json one = {{"file", answer.file},       {"expected", answer.expected},
+                {"answer", answer.answer},   {"percentage", answer.percentage},
+                {"pattern", answer.pattern}, {"outcome", Outcome_Name(answer.outcome)}};
+    if (answer.slices) one["slices"] = Slices_Json(*answer.slices);
+    list.push_back(std::move(one));
   }
   return list;
 }
@@ -170,15 +172,14 @@ std::string Answer_Line(const Answer& answer, bool colour) {
 namespace {
 
 // The last line is "N of M right", and nothing else.
-std::string Sums(const Evaluation& evaluation, bool colour) {
+std::string Sums(const Evaluation& evaluation) {
   std::ostringstream text;
   text << "\n"
        << evaluation.Count(Outcome::Wrong) << " wrong, " << evaluation.Count(Outcome::No_Answer)
        << " without an answer";
   if (const int failed = evaluation.Count(Outcome::Failed)) text << ", " << failed << " failed";
-  const std::string right = std::to_string(evaluation.Count(Outcome::Right)) + " of " +
-                            std::to_string(evaluation.answers.size()) + " right";
-  text << "\n" << Inked(right, Ink::Bold, colour) << "\n";
+  text << "\n"
+       << evaluation.Count(Outcome::Right) << " of " << evaluation.answers.size() << " right\n";
   return text.str();
 }
 
@@ -215,14 +216,14 @@ void Print_Shared(const Answer& answer, std::ostream& text) {
 
 }  // namespace
 
-std::string Evaluation_Text(const Evaluation& evaluation, bool colour) {
+std::string Evaluation_Text(const Evaluation& evaluation) {
   std::ostringstream text;
   Print_Confusions(evaluation, text);
   if (evaluation.Count(Outcome::Wrong) > 0) text << "\nPatterns that fit the wrong answers:\n";
   for (const Answer& answer : evaluation.answers) {
     if (answer.outcome == Outcome::Wrong) Print_Shared(answer, text);
   }
-  text << Sums(evaluation, colour);
+  text << Sums(evaluation);
   return text.str();
 }
 

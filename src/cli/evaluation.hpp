@@ -3,9 +3,12 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "session/trace.hpp"
 
 namespace quillspeech::cli {
 
@@ -27,7 +30,8 @@ struct Answer {  // texts in UTF-8
   int percentage = 0;
   std::string pattern;
   Outcome outcome = Outcome::No_Answer;
-  std::vector<SharedPattern> shared;  // of a wrong answer
+  std::vector<SharedPattern> shared;              // of a wrong answer
+  std::optional<std::vector<SliceTrace>> slices;  // when they are to be listed
 };
 
 struct Evaluation {
@@ -46,6 +50,6 @@ void Find_Shared_Patterns(const std::string& language_file, std::vector<Answer>&
 std::string Evaluation_Json(const Evaluation& evaluation);
 // One line for each answer; then the confusions, the shared patterns and, last, the sums.
 std::string Answer_Line(const Answer& answer, bool colour);
-std::string Evaluation_Text(const Evaluation& evaluation, bool colour);
+std::string Evaluation_Text(const Evaluation& evaluation);
 
 }  // namespace quillspeech::cli

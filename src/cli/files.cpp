@@ -1,6 +1,8 @@
 #include "cli/files.hpp"
 
 #include <fcntl.h>
+#include <pthread.h>
+#include <signal.h>  // NOLINT(modernize-deprecated-headers): sigset_t is not in csignal
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -41,6 +43,24 @@ int Write_All(int descriptor, std::span<const std::uint8_t> bytes) {
   return 0;
 }
 
+// Keeps an interrupt waiting, so that it leaves no temporary file behind.
+class InterruptsHeld {
+ public:
+  InterruptsHeld() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGINT);
+    sigaddset(&signals, SIGTERM);
+    pthread_sigmask(SIG_BLOCK, &signals, &before_);
+  }
+  ~InterruptsHeld() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+  InterruptsHeld(const InterruptsHeld&) = delete;
+  InterruptsHeld& operator=(const InterruptsHeld&) = delete;
+
+ private:
+  sigset_t before_;
+};
+
 // The file that is to be replaced, links followed.
 std::filesystem::path Target(const std::string& name) {
   std::error_code none;
@@ -67,6 +87,7 @@ int Fill_And_Rename(int descriptor, const std::string& temporary, const std::str
 }
 
 void Replace_File(const std::string& name, std::span<const std::uint8_t> bytes) {
+  const InterruptsHeld held;
   const std::filesystem::path target = Target(name);
   for (int number = 0;; ++number) {
     const std::string temporary = Temporary_Name(target, number);

@@ -12,6 +12,8 @@ namespace quillspeech::cli {
 
 namespace {
 
+constexpr int Exit_Interrupted = 130;
+
 sigset_t Signals_Watched() {
   sigset_t signals;
   sigemptyset(&signals);
@@ -20,19 +22,29 @@ sigset_t Signals_Watched() {
   return signals;
 }
 
+extern "C" void End_At_Once(int) { ::_exit(Exit_Interrupted); }
+
 }  // namespace
 
 InterruptWatch::InterruptWatch() : event_(::eventfd(0, EFD_CLOEXEC)) {
+  ::signal(SIGINT, End_At_Once);
+  ::signal(SIGTERM, End_At_Once);
+}
+
+void InterruptWatch::Take() {
+  if (thread_.joinable()) return;
   const sigset_t signals = Signals_Watched();
   pthread_sigmask(SIG_BLOCK, &signals, nullptr);
   thread_ = std::thread([this] { Watch(); });
 }
 
 InterruptWatch::~InterruptWatch() {
-  is_over_ = true;
-  // The thread waits for the signal in sigwait; nothing is terminated.
-  pthread_kill(thread_.native_handle(), SIGTERM);  // NOLINT(bugprone-bad-signal-to-kill-thread)
-  thread_.join();
+  if (thread_.joinable()) {
+    is_over_ = true;
+    // The thread waits for the signal in sigwait; nothing is terminated.
+    pthread_kill(thread_.native_handle(), SIGTERM);  // NOLINT(bugprone-bad-signal-to-kill-thread)
+    thread_.join();
+  }
   if (event_ >= 0) ::close(event_);
 }
 
@@ -41,7 +53,7 @@ void InterruptWatch::Watch() {
   for (;;) {
     if (sigwaitinfo(&signals, nullptr) < 0) continue;
     if (is_over_) return;
-    if (flag_.exchange(true)) _exit(130);
+    if (flag_.exchange(true)) ::_exit(Exit_Interrupted);
     if (event_ >= 0) ::eventfd_write(event_, 1);
   }
 }

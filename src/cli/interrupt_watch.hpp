@@ -8,14 +8,17 @@
 
 namespace quillspeech::cli {
 
-// From its making on, the first SIGINT or SIGTERM raises the flag; the second ends the program at
-// once. Make it before any other thread.
+// SIGINT and SIGTERM end the program with 130. Until Take() is called the first one does; from then
+// on the first one raises the flag, and the second ends the program.
 class InterruptWatch {
  public:
   InterruptWatch();
   ~InterruptWatch();
   InterruptWatch(const InterruptWatch&) = delete;
   InterruptWatch& operator=(const InterruptWatch&) = delete;
+
+  // Call it before any other thread begins. A second call does nothing.
+  void Take();
 
   const std::atomic<bool>& Flag() const { return flag_; }
   // Readable once the flag is up.

@@ -30,7 +30,10 @@ void RecognitionRun::Hook_Up() {
     };
   }
   if (!options_.keep_graph) return;
-  on_files_->host.path = "vb6.exe";  // only a design environment shows the graph
+  // The control draws its graph only in a design environment, so the host says that it is one. No
+  // result changes by it: whoever else asks wants to know how the editor's window opens, and there
+  // is no window here.
+  on_files_->host.path = "vb6.exe";
   operations.Draw_Audio_Graph = [this](Session& session) {
     if (graph_) return;  // long words of a file are drawn later, one over the other
     Draw_Audio_Graph(session, graph_.emplace());
@@ -51,7 +54,7 @@ void RecognitionRun::Recognize(const std::string& file) {
       Open_Specified_Wave_File_And_Process(session);
     }
   } catch (...) {
-    session.trace.failures.push_back(Current_Failure_Number());
+    session.trace.Note_Failure(Current_Failure_Number());
   }
 }
 

@@ -2,15 +2,14 @@
 #pragma once
 
 #include "cli/console.hpp"
+#include "cli/report_options.hpp"
 #include "cli/run_options.hpp"
 
 namespace quillspeech::cli {
 
 struct RecognizeOptions {
   RunOptions run;
-  bool json = false;
-  bool trace = false;
-  std::string graph;  // file of the picture, or empty
+  ReportOptions report;
 };
 
 // Declares the command; parsing it fills `options`.

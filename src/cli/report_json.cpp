@@ -6,6 +6,7 @@
 
 #include "base/run_time_failure.hpp"
 #include "base/text.hpp"
+#include "cli/box_json.hpp"
 #include "core/results_view.hpp"
 
 namespace quillspeech::cli {
@@ -43,9 +44,11 @@ Json Words_Json(const WordTables& words) {
   return list;
 }
 
-Json Slices_Json(const Trace& trace) {
+}  // namespace
+
+Json Slices_Json(const std::vector<SliceTrace>& slices) {
   Json list = Json::array();
-  for (const SliceTrace& slice : trace.slices) {
+  for (const SliceTrace& slice : slices) {
     Json one = {{"word", slice.word},   {"deep", slice.deep}, {"too_deep", slice.too_deep},
                 {"first", slice.first}, {"last", slice.last}, {"category", nullptr}};
     if (slice.category) one["category"] = *slice.category;
@@ -53,6 +56,8 @@ Json Slices_Json(const Trace& trace) {
   }
   return list;
 }
+
+namespace {
 
 Json Slots_Json(const Filter& filter) {
   Json list = Json::array();
@@ -84,39 +89,9 @@ Json Platinum_Best_Json(const Results& results) {
   return list;
 }
 
-const char* Icon_Name(BoxIcon icon) {
-  switch (icon) {
-    case BoxIcon::None:
-      return "none";
-    case BoxIcon::Stop:
-      return "stop";
-    case BoxIcon::Information:
-      return "information";
-  }
-  return "none";
-}
-
-const char* Answer_Name(BoxAnswer answer) {
-  switch (answer) {
-    case BoxAnswer::OK:
-      return "OK";
-    case BoxAnswer::Yes:
-      return "Yes";
-    case BoxAnswer::No:
-      return "No";
-  }
-  return "OK";
-}
-
 Json Boxes_Json(const std::vector<headless::MessageBoxes::Shown>& boxes) {
   Json list = Json::array();
-  for (const auto& [box, answer] : boxes) {
-    list.push_back({{"title", To_Utf8(box.title)},
-                    {"text", To_Utf8(box.text)},
-                    {"buttons", box.buttons == BoxButtons::OK ? "OK" : "YesNo"},
-                    {"icon", Icon_Name(box.icon)},
-                    {"answer", Answer_Name(answer)}});
-  }
+  for (const auto& [box, answer] : boxes) list.push_back(Box_Json(box, answer));
   return list;
 }
 
@@ -132,7 +107,7 @@ std::string Report_Json(const RecognitionRun& run, Slices slices) {
   report["Operation_Status"] = To_Utf8(view::Operation_Status(session.flags));
   report["Probable_no_of_words_recognized"] = words.Probable_no_of_words_recognized.Raw();
   report["words"] = Words_Json(words);
-  if (slices == Slices::Listed) report["slices"] = Slices_Json(session.trace);
+  if (slices == Slices::Listed) report["slices"] = Slices_Json(session.trace.slices);
   report["Voice_Magic_Elements"] = To_Utf8(view::Voice_Magic_Elements(filter));
   report["Voice_Word"] = Answer(
       [&]() -> Json { return To_Utf8(view::Voice_Word(filter, session.settings.Send_of_no)); });

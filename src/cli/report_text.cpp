@@ -51,6 +51,25 @@ std::string Padded(std::string text, std::size_t characters) {
   return text;
 }
 
+std::vector<std::string> Ranked_Lines(const std::vector<RankedWord>& words, bool colour) {
+  std::size_t width = 0;
+  for (const RankedWord& word : words) width = std::max(width, Character_Count(word.word));
+  std::vector<std::string> lines;
+  for (const RankedWord& word : words) {
+    const std::size_t place = lines.size() + 1;
+    const Ink ink = place == 1 ? Ink::Green : Ink::Plain;
+    lines.push_back(std::to_string(place) + "  " + Inked(Padded(word.word, width), ink, colour) +
+                    "  " + std::to_string(word.percentage) + " %");
+  }
+  return lines;
+}
+
+std::string Box_Line(const MessageBox& box, BoxAnswer answer) {
+  const char* const answered =
+      box.buttons == BoxButtons::OK ? "" : (answer == BoxAnswer::Yes ? " [Yes]" : " [No]");
+  return To_Utf8(box.title) + ": " + To_Utf8(Trim(box.text)) + answered;
+}
+
 namespace {
 
 std::string Line(const std::string& label, const std::string& text, bool colour) {
@@ -59,17 +78,9 @@ std::string Line(const std::string& label, const std::string& text, bool colour)
 
 std::string Word_Lines(const std::vector<RankedWord>& words, bool colour) {
   if (words.empty()) return Line("words", "(none)", colour);
-  std::size_t width = 0;
-  for (const RankedWord& word : words) width = std::max(width, Character_Count(word.word));
   std::string lines;
-  for (std::size_t place = 0; place < words.size(); ++place) {
-    const RankedWord& word = words[place];
-    const std::string text = Padded(word.word, width);
-    lines += Line(place == 0 ? "words" : "",
-                  std::to_string(place + 1) + "  " +
-                      Inked(text, place == 0 ? Ink::Green : Ink::Plain, colour) + "  " +
-                      std::to_string(word.percentage) + " %",
-                  colour);
+  for (const std::string& line : Ranked_Lines(words, colour)) {
+    lines += Line(lines.empty() ? "words" : "", line, colour);
   }
   return lines;
 }
@@ -85,9 +96,7 @@ std::string Report_Text(const RecognitionRun& run, bool colour) {
     text += Word_Lines(Ranked_Words(session.results), colour);
   }
   for (const auto& [box, answer] : run.Boxes()) {
-    const std::string answered =
-        box.buttons == BoxButtons::YesNo ? (answer == BoxAnswer::Yes ? " [Yes]" : " [No]") : "";
-    text += Line("box", To_Utf8(box.title) + ": " + To_Utf8(Trim(box.text)) + answered, colour);
+    text += Line("box", Box_Line(box, answer), colour);
   }
   return text;
 }

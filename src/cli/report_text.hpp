@@ -16,6 +16,12 @@ struct RankedWord {
 // The seven best or fewer, best first.
 std::vector<RankedWord> Ranked_Words(const Results& results);
 
+// One line without a line end for each: its place, the word and its percentage, in columns.
+std::vector<std::string> Ranked_Lines(const std::vector<RankedWord>& words, bool colour);
+
+// "Title: text", with the answer behind a question; UTF-8.
+std::string Box_Line(const MessageBox& box, BoxAnswer answer);
+
 // The pattern of the run in UTF-8, whatever Send_of_no is.
 std::string Pattern_Of(const Session& session);
 

@@ -6,6 +6,7 @@
 #include <memory>
 #include <thread>
 
+#include "audio/live_capture.hpp"
 #include "base/run_time_failure.hpp"
 #include "base/text.hpp"
 #include "cli/option_checks.hpp"
@@ -38,9 +39,27 @@ void Add_Setting_Option(CLI::App& command, RunOptions& options) {
       ->allow_extra_args(false);
 }
 
+// A pipe can be read once, and every session needs the record: it is loaded here.
+void Load_Record(RunOptions& options, const std::string& file) {
+  try {
+    options.record = std::make_shared<const SettingsRecord>(Load_Settings_Record(file));
+    options.settings_file = file;
+  } catch (const std::runtime_error& error) {
+    throw CLI::ValidationError("--settings", error.what());
+  }
+}
+
 }  // namespace
 
-void Add_Run_Options(CLI::App& command, RunOptions& options, LanguageNeed language) {
+void Add_Settings_File_Option(CLI::App& command, RunOptions& options) {
+  command
+      .add_option_function<std::string>(
+          "--settings", [&options](const std::string& file) { Load_Record(options, file); },
+          "Settings of a control that was saved, as JSON; --set comes after it")
+      ->type_name("FILE");
+}
+
+void Add_Session_Options(CLI::App& command, RunOptions& options, LanguageNeed language) {
   auto* name = command.add_option("--language", options.language,
                                   "Language file (.SAY) with the words and their patterns");
   name->check(File_Name(), "")->type_name("FILE");
@@ -50,6 +69,11 @@ void Add_Run_Options(CLI::App& command, RunOptions& options, LanguageNeed langua
       ->check(File_Name(), "")
       ->type_name("FILE");
   Add_Setting_Option(command, options);
+}
+
+void Add_Run_Options(CLI::App& command, RunOptions& options, LanguageNeed language) {
+  Add_Session_Options(command, options, language);
+  Add_Settings_File_Option(command, options);
   command
       .add_option_function<std::string>(
           "--path",
@@ -80,21 +104,37 @@ int Worker_Count(const RunOptions& options) {
   return static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1U, unsigned{Most_Jobs}));
 }
 
+namespace {
+
+void Apply_Record(const RunOptions& options, Session& session) {
+  if (!options.record) return;
+  session.settings = options.record->settings;
+  session.sample.Samples_Per_Capture = Promised_Samples(session.settings);
+}
+
+// Whether the run is told which words to look for.
+bool Has_Language(const RunOptions& options) {
+  return !options.language.empty() || (options.record && options.record->names_language);
+}
+
+}  // namespace
+
 void Apply_Options(const RunOptions& options, Session& session) {
+  Apply_Record(options, session);
   Settings& settings = session.settings;
   if (!options.language.empty()) settings.Consider_this_Lang_File_to_match = options.language;
   if (!options.engine.empty()) settings.Consider_this_Engine_for_Recognition = options.engine;
   for (const auto& [name, text] : options.settings) Set_Setting(session, name, text);
-  if (options.patterns_only || options.language.empty()) {
+  if (options.patterns_only || !Has_Language(options)) {
     settings.Enable_Artificial_Intelligence = "NO";
   }
 }
 
 namespace {
 
-// The two whose getters do not answer what was set.
 bool Answers_What_Was_Set(std::string_view name) {
-  return name != "Keep_Digital_Signal_Processing_level" && name != "On_speech_show_activities";
+  const Member* get = Find_Member(name, Access::Get);
+  return get && get->answers_what_was_set;
 }
 
 void Name_Alternatives(const std::string& name, std::ostream& err) {
@@ -116,25 +156,37 @@ bool Is_Accepted(SetResult result, const std::string& name, std::ostream& err) {
   return result == SetResult::Done || result == SetResult::Replaced;
 }
 
-bool Check_Setting(SessionOnFiles& trial, const std::string& name, const std::string& text,
+// The session that the settings are tried on, and the instance that the control adds to it.
+struct Trial {
+  SessionOnFiles on_files;
+  ControlInstance instance;
+};
+
+bool Check_Setting(Trial& trial, const std::string& name, const std::string& text,
                    std::ostream& err) {
-  trial.boxes.shown.clear();
+  Session& session = trial.on_files.session;
+  auto& shown_boxes = trial.on_files.boxes.shown;
+  shown_boxes.clear();
   SetResult result{};
   try {
-    result = Set_Setting(trial.session, name, text);
+    result = Set_Setting(session, trial.instance, name, text);
   } catch (const RunTimeFailure& failure) {
     err << "quillspeech: --set " << name << "=" << text << ": " << failure.what() << "\n";
     return false;
   }
-  for (const auto& shown : trial.boxes.shown) {
+  for (const auto& shown : shown_boxes) {
     err << "quillspeech: --set " << name << "=" << text << ": " << To_Utf8(Trim(shown.box.text))
         << "\n";
   }
   if (!Is_Accepted(result, name, err)) return false;
-  const auto stored = Get_Setting(trial.session, name);
-  if (Answers_What_Was_Set(name) && trial.boxes.shown.empty() && stored != Trimmed(text)) {
+  const auto stored = Get_Setting(session, trial.instance, name);
+  if (Answers_What_Was_Set(name) && shown_boxes.empty() && stored != Trimmed(text)) {
     err << "quillspeech: note: --set " << name << "=" << text << " leaves it at \"" << *stored
         << "\"\n";
+  }
+  if (name == "Open_this_Wave_File") {
+    err << "quillspeech: note: --set " << name << "=" << text
+        << " has no effect; the sounds are the WAV files that the command names\n";
   }
   return true;
 }
@@ -150,8 +202,17 @@ void Note_Missing_File(const std::string& name, const char* kind, std::ostream& 
 
 namespace {
 
+void Note_Lost_Language(const RunOptions& options, const Session& trial, std::ostream& err) {
+  if (trial.settings.Enable_Artificial_Intelligence != "YES") return;
+  const std::string& file = options.record->settings.Consider_this_Lang_File_to_match;
+  err << "quillspeech: note: " << options.settings_file << ": "
+      << (file.empty() ? "no language file is named" : "there is no language file " + To_Utf8(file))
+      << ", so without --language no words are looked for\n";
+}
+
 void Note_Matching_Without_Language(const RunOptions& options, Session& trial, std::ostream& err) {
-  if (!options.language.empty()) return;
+  if (Has_Language(options)) return;
+  if (options.record) return Note_Lost_Language(options, trial, err);
   trial.settings.Enable_Artificial_Intelligence = "NO";
   for (const auto& [name, text] : options.settings) Set_Setting(trial, name, text);
   if (trial.settings.Enable_Artificial_Intelligence != "YES") return;
@@ -162,15 +223,18 @@ void Note_Matching_Without_Language(const RunOptions& options, Session& trial, s
 }  // namespace
 
 bool Check_Options(const RunOptions& options, std::ostream& err) {
-  const auto trial = std::make_unique<SessionOnFiles>();
+  const auto trial = std::make_unique<Trial>();
+  Session& session = trial->on_files.session;
+  if (options.record) Note_Unknown_Keys(options.settings_file, options.record->unknown_keys, err);
+  Apply_Record(options, session);
   bool accepted = true;
   for (const auto& [name, text] : options.settings) {
     accepted = Check_Setting(*trial, name, text, err) && accepted;
   }
   if (!accepted) return false;
-  Note_Matching_Without_Language(options, trial->session, err);
-  Apply_Options(options, trial->session);
-  const Settings& settings = trial->session.settings;
+  Note_Matching_Without_Language(options, session, err);
+  Apply_Options(options, session);
+  const Settings& settings = session.settings;
   if (settings.Enable_Artificial_Intelligence == "YES") {
     Note_Missing_File(settings.Consider_this_Lang_File_to_match, "language", err);
   }

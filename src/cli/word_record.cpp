@@ -57,7 +57,7 @@ FoundRecord Prepare_Record(RecordFile& file, std::int64_t count) {
     found.record.FileDescription("");
   }
   found.record.RecordNo(static_cast<std::int32_t>(found.number));
-  found.record.WordFont("MS Sans Serif");
+  found.record.WordFont("");
   return found;
 }
 

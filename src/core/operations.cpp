@@ -2,9 +2,13 @@
 
 #include <cstdint>
 
+#include "analysis/capture_scheduler.hpp"
 #include "analysis/file_analysis.hpp"
 #include "analysis/recovery.hpp"
+#include "audio/echo.hpp"
+#include "audio/live_capture.hpp"
 #include "audio/wave_reader.hpp"
+#include "recognition/adding.hpp"
 #include "recognition/engine_table.hpp"
 #include "session/failure_trap.hpp"
 
@@ -19,16 +23,23 @@ bool Is_Any_Timer_On(EventLoop& events) {
   return false;
 }
 
-// Runs even when a live session then refuses the file.
 void Lift_Stop(Session& session) {
   session.settings.Stop_everything_now = "NO";
   session.flags.Stopped_Marker = 0;
-  session.flags.Show_Activities = 0;
   session.flags.Stopped_Text = "NO";
 }
 
+// The other two timers do nothing.
+void Connect_Timers(Session& session) {
+  EventLoop& events = session.ports.events;
+  events.On_Tick(FormTimer::Timer1, [&session] { Timer1_Timer(session); });
+  events.On_Tick(FormTimer::Timer3, [&session] { Timer3_Timer(session); });
+  events.On_Tick(FormTimer::Timer5, [&session] { Timer5_Timer(session); });
+}
+
 void Process_Wave_File(Session& session) {
-  Lift_Stop(session);
+  Lift_Stop(session);  // even when a live session then refuses the file
+  session.flags.Show_Activities = 0;
   if (!Open_Wave_File(session, session.settings.Open_this_Wave_File)) return;
   if (Is_Any_Timer_On(session.ports.events)) return;
   session.operations.Wave_File_Was_Read(session);
@@ -39,24 +50,36 @@ void Process_Wave_File(Session& session) {
 }  // namespace
 
 void Prepare_Session(Session& session) {
-  session.operations.Stop_And_Recover = Stop_And_Recover;
+  Operations& operations = session.operations;
+  operations.Stop_And_Recover = Stop_And_Recover;
+  operations.Stop_Recording = Stop_Recording;
+  operations.Close_Recorder = Close_Recorder;
+  operations.Play_Echo = Play_Echo;
+  operations.Add_Engine_String_To_Language = Add_Engine_String_To_Language;
+  Connect_Timers(session);
   Load_Default_Engine_Table(session);
+}
+
+void Clear_For_Capture(Session& session) {
+  Reset_Results(session);  // the file run ends with them
+  Lift_Stop(session);
+  session.flags.Session_Started = 1;
+  session.flags.Capture_Busy = 0;
+}
+
+void Arm_Capture(Session& session) {
+  session.ports.events.Enable(FormTimer::Timer5, true);
+  session.ports.events.Enable(FormTimer::Timer3, false);
 }
 
 void Begin_Session(Session& session) {
   constexpr std::int64_t Default_Frequency = 22050;
-  Reset_Results(session);  // the file run ends with them
-  session.settings.Stop_everything_now = "NO";
-  session.flags.Stopped_Marker = 0;
-  session.flags.Stopped_Text = "NO";
-  session.flags.Session_Started = 1;
+  Clear_For_Capture(session);
   session.flags.Operation_Status = "Sleeping";
   if (session.settings.Set_Recording_Frequency < 1) {
     session.settings.Set_Recording_Frequency = Default_Frequency;
   }
-  session.ports.events.Enable(FormTimer::Timer5, true);
-  session.ports.events.Enable(FormTimer::Timer3, false);
-  session.flags.Capture_Busy = 0;
+  Arm_Capture(session);
   session.flags.Session_Alive = True;
 }
 

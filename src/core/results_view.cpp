@@ -17,7 +17,7 @@ std::int32_t Time_Length(std::int64_t number, const DynamicTable<std::int32_t>& 
   return number > 0 ? lengths[number] : 0;
 }
 
-// Both an index of 0 and one of 1 mean the first word.
+// An index of 1 or anything below it means the first word.
 std::int64_t Word_Index(std::int64_t send) { return std::max<std::int64_t>(send, 1); }
 
 }  // namespace
@@ -65,7 +65,10 @@ std::string Voice_Magic_Elements(const Filter& filter) {
   return Trimmed(filter.Voice_Magic_Elements);
 }
 
-std::int16_t Words_I_Check() { return 2; }
+std::int16_t Words_I_Check(const Filter& filter, std::int64_t send) {
+  if (filter.Words_Checked < 1) return 2;
+  return filter.Word_Check_Flags[send];
+}
 
 std::int16_t Engine_Category(std::int16_t category) { return std::max<std::int16_t>(category, 0); }
 

@@ -1,5 +1,6 @@
 // The results of a run as the getters of the property surface give them. Send_of_no is the host's
-// index into the tables; one that lies outside its table is failure 9.
+// index into the tables; one that lies outside its table is failure 9. Only the words and scores
+// take a negative one, as any below 2, for 1.
 #pragma once
 
 #include <cstdint>
@@ -24,7 +25,7 @@ std::string Voice_Word_Matched(const Filter& filter, std::int64_t send);
 std::int32_t Voice_Words_Explode_Count(const Filter& filter);  // never below 0
 std::int32_t Voice_Words_Matched_Count(const Filter& filter);
 std::string Voice_Magic_Elements(const Filter& filter);
-std::int16_t Words_I_Check();  // 2: no word is ever checked
+std::int16_t Words_I_Check(const Filter& filter, std::int64_t send);  // 2: no word was checked
 
 // Engine and filter.
 std::int16_t Engine_Category(std::int16_t category);  // never below 0

@@ -20,7 +20,8 @@ void Restart(Control& control);
 // Loops Play_this_file_on_Initialization until the next purge.
 void InitializeSound(Session& session);
 
-// The session's side of the control's end. On a run-time failure a message box.
-void Terminate_Session(Control& control);
+// The session's side of a control's end, whose pump is off by then. On a run-time failure a message
+// box.
+void Terminate_Session(Session& session);
 
 }  // namespace quillspeech

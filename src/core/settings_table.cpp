@@ -1,22 +1,26 @@
 #include "core/settings_table.hpp"
 
-namespace quillspeech {
+#include <optional>
+#include <string>
+#include <string_view>
 
-const Member* Find_Member(std::string_view name) {
-  for (const auto rows : {Setting_Members(), Result_Members()}) {
-    for (const Member& member : rows) {
-      if (member.name == name) return &member;
-    }
-  }
-  return nullptr;
+#include "core/conversions.hpp"
+
+namespace quillspeech {
+namespace {
+
+const Member* Find_Value(std::string_view name, Access access) {
+  const Member* member = Find_Member(name, access);
+  return member && !member->needs_control ? member : nullptr;
 }
+
+}  // namespace
 
 SetResult Set_Setting(Session& session, ControlInstance& instance, std::string_view name,
                       std::string_view text) {
-  const Member* member = Find_Member(name);
+  const Member* member = Find_Value(name, Access::Let);
   if (!member) return SetResult::No_Such_Setting;
-  if (!member->set) return SetResult::Is_Result;
-  return member->set({session, instance, member->name, text});
+  return Let_Member(*member, session, instance, std::string(text));
 }
 
 SetResult Set_Setting(Session& session, std::string_view name, std::string_view text) {
@@ -26,9 +30,9 @@ SetResult Set_Setting(Session& session, std::string_view name, std::string_view 
 
 std::optional<std::string> Get_Setting(Session& session, ControlInstance& instance,
                                        std::string_view name) {
-  const Member* member = Find_Member(name);
+  const Member* member = Find_Value(name, Access::Get);
   if (!member) return std::nullopt;
-  return member->get(session, instance);
+  return To_Text(Get_Member(*member, session, instance));
 }
 
 std::optional<std::string> Get_Setting(Session& session, std::string_view name) {

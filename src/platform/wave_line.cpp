@@ -50,6 +50,12 @@ WaveResult WaveLine::Close(WaveHandle handle) {
   return Wave_Ok;
 }
 
+WaveResult WaveLine::Close_And_Let_Go(WaveHandle handle) {
+  if (const WaveResult wrong = Check(handle)) return wrong;
+  queue.clear();
+  return Close(handle);
+}
+
 void WaveLine::Give_Back() {
   WaveHeader& header = *queue.front().header;
   queue.pop_front();

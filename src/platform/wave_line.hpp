@@ -26,7 +26,10 @@ class WaveLine {
   // Puts the header behind those that wait; it is no longer done.
   WaveResult Add(WaveHandle handle, WaveHeader& header);
   WaveResult Unprepare(WaveHandle handle, WaveHeader& header) const;
+  // Refused while headers wait.
   WaveResult Close(WaveHandle handle);
+  // Closes it all the same; the headers that wait are let go as they stand.
+  WaveResult Close_And_Let_Go(WaveHandle handle);
 
   // Takes the first header from the queue, done.
   void Give_Back();

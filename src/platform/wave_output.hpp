@@ -30,6 +30,8 @@ class WaveOutput {
   // Plays the whole buffer; the header is no longer done until the sound has ended.
   virtual WaveResult Write(WaveHandle handle, WaveHeader& header) = 0;
   virtual WaveResult Unprepare_Header(WaveHandle handle, WaveHeader& header) = 0;
+  // Cuts a sound that still plays. Its header is given up and not marked: by now it may be
+  // somebody else's.
   virtual WaveResult Close(WaveHandle handle) = 0;
 };
 

@@ -190,6 +190,7 @@ void Reset_Filter_For_File(Filter& filter, Results& results) {
   filter.Voice_Word_Previous_Table.Fill({});
   filter.Voice_Word_Matched_Table.Fill({});
   filter.Word_Check_Flags.Fill(0);
+  filter.Words_Checked = 0;
   filter.Filter_Run_Data.Fill({});
   filter.Filter_Run_Codes.Fill(0);
   results.Language_Matched = 0;

@@ -31,6 +31,7 @@ struct Filter {
   BoundedTable<std::string, 100> Voice_Word_Matched_Table;
   Checked32 Voice_Words_Matched_Count;
   BoundedTable<std::uint8_t, 100> Word_Check_Flags;
+  Checked32 Words_Checked;  // nothing raises it
 };
 
 }  // namespace quillspeech

@@ -43,8 +43,8 @@ struct Operations {
   std::function<void(Session&, bool)> Show_Database = [](Session&, bool) {};  // true: modally
   Procedure Unload_Database = Nothing;
 
-  // hosts: a WAV file has just been read into the store; its analysis follows, and is not yet marked
-  // as under way
+  // hosts: a WAV file has just been read into the store; its analysis follows, and is not yet
+  // marked as under way
   Procedure Wave_File_Was_Read = Nothing;
 };
 

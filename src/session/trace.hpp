@@ -27,7 +27,9 @@ struct Trace {
   // a session that never ends does not grow by them.
   static constexpr std::size_t Most_Failures = 1'000;
   std::vector<int> failures;
+  int Last_Failure = 0;  // the latest, also beyond those; 0: there was none
   void Note_Failure(int number) {
+    Last_Failure = number;
     if (failures.size() < Most_Failures) failures.push_back(number);
   }
 };

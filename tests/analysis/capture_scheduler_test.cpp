@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/failures.hpp"
 #include "tests/support/live_session.hpp"
 #include "tests/support/sample_builder.hpp"
 
@@ -39,6 +40,19 @@ TEST(CaptureClock, While_a_sample_is_processed_it_counts_on_and_re_arms_nothing)
   test.session.flags.Analysis_Running = 0;
   Timer1_Timer(test.session);
   EXPECT_TRUE(test.Is_On(FormTimer::Timer5));
+}
+
+TEST(CaptureClock, A_time_in_ms_past_32_bits_is_an_overflow_at_the_tick) {
+  for (const auto& [seconds, failure] : {std::pair{2'147'482, 0}, {2'147'483, 6}}) {
+    for (const int running : {0, 1}) {
+      LiveSession test;
+      test.session.flags.Analysis_Running = running;
+      test.session.recorder.Capture_Seconds = seconds;
+      test.events.Enable(FormTimer::Timer1, true);
+      EXPECT_EQ(Failure_Of([&] { test.events.Run_For(1s); }), failure) << seconds;
+      EXPECT_EQ(test.Is_On(FormTimer::Timer5), failure == 0 && running == 0) << seconds;
+    }
+  }
 }
 
 // How often the pump's timer ticks in a second, its buffer being too short for a look.
@@ -114,10 +128,12 @@ TEST(WaitPasses, How_often_is_settled_when_it_begins) {
   EXPECT_EQ(events.yields, 10);
 }
 
-TEST(WaitPasses, The_default_of_15000_lasts_long_enough_for_two_ticks_of_the_event_pump) {
-  LiveSession test;
-  Wait_Passes(test.events, test.session.settings.Voice_Processing_Delay);
-  EXPECT_GE(test.events.Now(), 100ms);
+TEST(WaitPasses, The_default_of_15000_lasts_a_second_and_a_half) {
+  headless::EventLoop events;
+  Settings settings;
+  Wait_Passes(events, settings.Voice_Processing_Delay);
+  EXPECT_EQ(settings.Voice_Processing_Delay, 15'000);
+  EXPECT_EQ(events.Now(), 1'500ms);
 }
 
 // A session from its first tick on.

@@ -80,6 +80,7 @@ TEST(StopAndRecover, A_restart_closes_the_file_then_stops_the_recorder_then_ends
 TEST(StopAndRecover, A_stop_clears_the_results_and_writes_every_mark) {
   Recovery test("NO");
   test.session.flags.File_Run_Active = 1;
+  test.events.Enable(FormTimer::Timer5, true);
   test.session.data.Main_File_Number.Open(test.data_files, "a.SAY", 8476);
   Stop_And_Recover(test.session);
   EXPECT_EQ(test.session.results.Platinum_Words_Available, 0);

@@ -221,6 +221,20 @@ TEST(RunPump, Speech_is_told_at_once_and_processed_after_the_passes) {
   test.Expect_Free();
 }
 
+TEST(RunPump, It_is_free_and_its_timer_off_when_the_processing_begins) {
+  Pump test(Words({2500}, Long_Pause));
+  test.session.settings.Consider_this_Engine_for_Recognition = "typo";  // first of all it is loaded
+  int refusals = 0;
+  test.session.operations.Stop_And_Recover = [&](Session&) {
+    ++refusals;
+    EXPECT_EQ(test.session.flags.Operation_Status, "Speechdetected");
+    EXPECT_EQ(test.session.flags.Capture_Busy, 0);
+    EXPECT_FALSE(test.Is_On(FormTimer::Timer3));
+  };
+  test.Run();
+  EXPECT_EQ(refusals, 1);
+}
+
 TEST(RunPump, A_delay_below_1_processes_at_once) {
   for (const int delay : {0, -5}) {
     Pump test(Words({2500}, Long_Pause));

@@ -54,6 +54,16 @@ TEST(StartRecordingFails, A_link_of_the_chain_that_fails_is_not_reported_and_end
   }
 }
 
+TEST(StartRecordingFails, The_format_that_was_asked_for_stands_though_the_device_does_not_open) {
+  LiveCapture test;
+  test.Without_Timers().session.settings.Set_Recording_Frequency = 11'025;
+  test.card.faults["wave_in_open"] = Wave_Bad_Format;
+  test.Stop_At(300ms);
+  Start_Recording(test.session);
+  EXPECT_EQ(test.session.sample.Wave_Format.samples_per_second, 11'025U);
+  EXPECT_EQ(test.session.sample.Wave_Format.bits_per_sample, 8);
+}
+
 TEST(StartRecordingFails, A_chain_that_fails_arms_the_timers_all_the_same_and_waits) {
   for (std::size_t link = 1; link < Set_Up.size(); ++link) {
     LiveCapture test;

@@ -148,6 +148,23 @@ TEST(NestedCapture, A_wait_that_is_left_by_a_failure_waits_for_nobody_any_more) 
   EXPECT_EQ(test.session.recorder.Calls_Waiting, 0);
 }
 
+TEST(NestedCapture, A_failure_ends_the_last_call_and_its_recovery_lets_the_others_return) {
+  Nested test;
+  test.Dead();
+  test.session.settings.Always_Restart_on_Error = "YES";
+  test.events.At(2'500ms, [] { Fail(Failure::Device_Failure); });
+  Start_Recording(test.session);
+  const Calls dead = {"wave_in_get_dev_caps", "wave_in_open"};
+  EXPECT_EQ(test.card.calls, dead + Taken_Down + dead + Taken_Down + dead + Taken_Down +
+                                 (Calls{"wave_in_unprepare_header", "wave_in_unprepare_header"}));
+  EXPECT_EQ(test.events.Now(), 2'500ms);
+  EXPECT_EQ(test.session.trace.failures, std::vector<int>{57});
+  EXPECT_EQ(test.boxes.shown.size(), 1U);
+  EXPECT_EQ(test.calls, Calls{"Stop_And_Recover"});
+  EXPECT_EQ(test.session.recorder.Waiting_Depth, 0);
+  EXPECT_EQ(test.session.recorder.Calls_Waiting, 0);
+}
+
 TEST(NestedCapture, A_stop_and_a_start_inside_the_wait_leave_the_next_capture_to_the_starter) {
   Nested test;
   test.events.At(300ms, [&] {

@@ -136,6 +136,7 @@ TEST(CloseRecorder, A_run_time_failure_shows_the_box_of_the_stop_and_recovers_no
       "Problem Stoping Recording, Check Your Settings and Sound Card, Close Application",
       "Quillspeech Info", BoxIcon::Stop));
   EXPECT_TRUE(test.calls.empty());
+  EXPECT_EQ(test.session.recorder.Second_Recorder_Open, 1);
   EXPECT_EQ(test.session.trace.failures, std::vector<int>{6});
 }
 

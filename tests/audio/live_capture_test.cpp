@@ -126,6 +126,19 @@ TEST(StartRecording, The_starter_goes_off_and_the_clock_and_the_pump_go_on) {
   EXPECT_TRUE(test.Is_On(FormTimer::Timer1));
 }
 
+TEST(StartRecording, The_starter_goes_off_behind_the_stop_of_a_recording_that_runs) {
+  LiveCapture test;
+  test.Without_Timers().session.settings.I_want_Status_Animation = "YES";
+  test.session.recorder.Recording_Active = 1;
+  test.events.Enable(FormTimer::Timer5, true);
+  std::vector<std::pair<int, bool>> shown;  // image, starter on
+  test.session.operations.Show_Status_Image = [&](Session&, int image) {
+    shown.emplace_back(image, test.Is_On(FormTimer::Timer5));
+  };
+  Start_Recording(test.session);
+  EXPECT_EQ(shown, (std::vector{std::pair{2, true}, {1, false}}));
+}
+
 TEST(StartRecording, While_a_sample_is_processed_the_pump_stays_off) {
   LiveCapture test;
   test.Without_Timers().session.flags.Capture_Busy = 1;
@@ -175,6 +188,20 @@ TEST(StartRecording, The_start_cue_is_played_once_and_not_waited_for) {
   test.Without_Timers();
   Start_Recording(test.session);
   EXPECT_EQ(test.cues.calls, Calls{"play start.wav"});
+}
+
+TEST(StartRecording, The_start_cue_sounds_before_anything_is_set_up) {
+  LiveCapture test;
+  test.Without_Timers().session.settings.Set_Recording_Frequency = 0;
+  int cues = 0;
+  test.cues.At_Call = [&](const std::string&, int) {
+    ++cues;
+    EXPECT_EQ(test.session.flags.Settings_Ready_Count, 3);
+    EXPECT_EQ(test.session.recorder.Recording_Active, 0);
+    EXPECT_EQ(test.session.settings.Set_Recording_Frequency, 0);
+  };
+  Start_Recording(test.session);
+  EXPECT_EQ(cues, 1);
 }
 
 TEST(StartRecording, Without_a_start_cue_nothing_is_played) {

@@ -2,10 +2,8 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <atomic>
-#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -17,6 +15,7 @@
 #include "cli/word_record.hpp"
 #include "datafiles/records.hpp"
 #include "tests/support/record_builder.hpp"
+#include "tests/support/temporary_folder.hpp"
 #include "tests/support/wave_builder.hpp"
 
 namespace quillspeech::tests {
@@ -34,37 +33,15 @@ inline Sound High_Word() {
 inline constexpr const char* Low_Pattern = "oadbtrvgpunmle";
 inline constexpr const char* High_Pattern = "fthjjsAkgH";
 
-class CommandTest : public testing::Test {
+class CommandTest : public testing::Test, protected TemporaryFolder {
  protected:
   using Json = nlohmann::ordered_json;
 
-  CommandTest() {
-    std::string name = (std::filesystem::temp_directory_path() / "quillspeech_XXXXXX").string();
-    folder_ = ::mkdtemp(name.data());
-  }
-  ~CommandTest() override { std::filesystem::remove_all(folder_); }
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-  bool Exists(const std::string& name) const { return std::filesystem::exists(Path(name)); }
-
-  std::string Put(const std::string& name, const std::vector<std::uint8_t>& bytes) const {
-    std::ofstream(Path(name), std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()),
-               static_cast<std::streamsize>(bytes.size()));
-    return Path(name);
-  }
-  std::string Put_Text(const std::string& name, const std::string& text) const {
-    return Put(name, {text.begin(), text.end()});
-  }
   std::string Put_Sound(const std::string& name, const Sound& sound) const {
     return Put(name, Wave().Data(sound));
   }
   std::string Put_Language(const std::string& name, const std::vector<Record>& records) const {
     return Put(name, Language_File(records));
-  }
-  std::vector<std::uint8_t> Content(const std::string& name) const {
-    std::ifstream file(Path(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
   }
   // Record `number` of a language file in the folder.
   datafiles::SayRecord Language_Record(const std::string& name, std::size_t number) const {
@@ -115,9 +92,6 @@ class CommandTest : public testing::Test {
   bool out_is_terminal = false;
   bool err_is_terminal = false;
   std::atomic<bool> interrupted = false;
-
- private:
-  std::filesystem::path folder_;
 };
 
 inline std::vector<std::string> Keys(const nlohmann::ordered_json& object) {

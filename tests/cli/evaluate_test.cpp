@@ -102,19 +102,91 @@ TEST_F(Evaluate, A_file_without_a_label_fails) {
   EXPECT_NE(err.find(file + ": has no word in the list of labels"), std::string::npos);
 }
 
-TEST_F(Evaluate, A_list_of_labels_that_cannot_be_read_is_wrong_usage) {
+TEST_F(Evaluate, A_list_of_labels_that_cannot_be_read_or_understood_is_a_failure) {
   const auto file = Put_Sound("low_1.wav", Low_Word());
-  EXPECT_EQ(Run({"evaluate", "--language", "w", "--labels", Path("none"), file}), 2);
-  const auto labels = Put_Text("labels.txt", "a.wav low\nb.wav\n");
-  EXPECT_EQ(Run({"evaluate", "--language", "w", "--labels", labels, file}), 2);
-  EXPECT_NE(err.find("line 2"), std::string::npos);
+  const auto damaged = Put_Text("labels.txt", "a.wav low\nb.wav\n");
+  const std::vector<std::pair<std::string, std::string>> Lists = {
+      {Path("none"), Path("none") + ": No such file or directory"},
+      {Path(""), "Is a directory"},
+      {damaged, damaged + ", line 2: needs a WAV name and a word"}};
+  for (const auto& [labels, reason] : Lists) {
+    EXPECT_EQ(Run({"evaluate", "--language", Path("w.SAY"), "--labels", labels, file}), 1);
+    EXPECT_NE(err.find("quillspeech: --labels: "), std::string::npos) << err;
+    EXPECT_NE(err.find(reason), std::string::npos) << err;
+    EXPECT_EQ(out, "");
+    EXPECT_FALSE(Exists("w.SAY"));
+  }
 }
 
-TEST_F(Evaluate, A_list_of_labels_that_is_a_folder_is_wrong_usage) {
+TEST_F(Evaluate, Wrong_usage_is_told_before_the_labels_are_read) {
+  EXPECT_EQ(Run({"evaluate", "--language", "w", "--labels", Path("none"), "--set", "A=1", "x.wav"}),
+            2);
+  EXPECT_EQ(err.find("--labels"), std::string::npos) << err;
+}
+
+TEST_F(Evaluate, A_trace_lists_the_slices_of_each_answer_as_recognize_does) {
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
+  const auto low = Put_Sound("low_1.wav", Low_Word());
+  const auto high = Put_Sound("high_1.wav", High_Word());
+  std::vector<Json> slices;
+  for (const auto& file : {low, high}) {
+    slices.push_back(Recognize_As_Json({"--trace", "--language", language, file})["slices"]);
+  }
+  EXPECT_EQ(Run({"evaluate", "--json", "--trace", "--language", language, low, high}), 0);
+  const auto answers = Json_Lines().at(0)["answers"];
+  EXPECT_EQ(Keys(answers[0]), (std::vector<std::string>{"file", "expected", "answer", "percentage",
+                                                        "pattern", "outcome", "slices"}));
+  EXPECT_EQ(answers[0]["slices"].size(), 18U);
+  for (std::size_t i = 0; i < slices.size(); ++i) EXPECT_EQ(answers[i]["slices"], slices[i]);
+  Run({"evaluate", "--json", "--language", language, low});
+  EXPECT_FALSE(Json_Lines().at(0)["answers"][0].contains("slices"));
+}
+
+TEST_F(Evaluate, A_trace_without_JSON_is_told_to_be_useless) {
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
+  EXPECT_EQ(Run({"evaluate", "--trace", "--language", language, "-"}), 0);
+  EXPECT_EQ(err, "quillspeech: note: --trace tells nothing without --json\n");
+}
+
+TEST_F(Evaluate, A_graph_is_the_one_that_recognize_draws_and_changes_no_answer) {
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
   const auto file = Put_Sound("low_1.wav", Low_Word());
-  EXPECT_EQ(Run({"evaluate", "--language", Path("w.SAY"), "--labels", Path(""), file}), 2);
-  EXPECT_NE(err.find("quillspeech: --labels: "), std::string::npos) << err;
-  EXPECT_FALSE(Exists("w.SAY"));
+  EXPECT_EQ(Run({"evaluate", "--language", language, file}), 0);
+  const auto without_graph = out;
+  EXPECT_EQ(Run({"evaluate", "--graph", Path("e.svg"), "--language", language, file}), 0) << err;
+  EXPECT_EQ(out, without_graph);
+  Run({"recognize", "--graph", Path("r.svg"), "--language", language, file});
+  EXPECT_FALSE(Content("e.svg").empty());
+  EXPECT_EQ(Content("e.svg"), Content("r.svg"));
+}
+
+TEST_F(Evaluate, A_graph_takes_one_sound_and_no_place_of_a_file_that_the_run_reads) {
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
+  const auto before = Content("w.SAY");
+  const auto file = Put_Sound("low_1.wav", Low_Word());
+  EXPECT_EQ(Run({"evaluate", "--graph", Path("g.svg"), "--language", language, file, file}), 2);
+  EXPECT_EQ(err, "quillspeech: --graph takes one WAV only\n");
+  EXPECT_EQ(Run({"evaluate", "--graph", language, "--language", language, file}), 2);
+  EXPECT_EQ(err, "quillspeech: --graph: " + language + " is a file that the run reads\n");
+  EXPECT_EQ(out, "");
+  EXPECT_EQ(Content("w.SAY"), before);
+}
+
+TEST_F(Evaluate, A_graph_that_cannot_be_written_fails_and_the_answer_counts) {
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
+  const auto file = Put_Sound("low_1.wav", Low_Word());
+  EXPECT_EQ(Run({"evaluate", "--json", "--graph", Path("no/g.svg"), "--language", language, file}),
+            1);
+  EXPECT_NE(err.find("no/g.svg"), std::string::npos);
+  EXPECT_EQ(Json_Lines().at(0)["right"], 1);
+}
+
+TEST_F(Evaluate, The_last_line_is_plain_in_colour_too) {
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
+  colour = true;
+  EXPECT_EQ(Run({"evaluate", "--language", language, Put_Sound("low_1.wav", Low_Word())}), 0);
+  EXPECT_NE(out.find('\x1b'), std::string::npos);
+  EXPECT_TRUE(out.ends_with("\n1 of 1 right\n")) << out;
 }
 
 TEST_F(Evaluate, Shared_patterns_are_those_of_the_file_that_the_settings_end_with) {

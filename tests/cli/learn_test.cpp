@@ -33,7 +33,7 @@ TEST_F(Learn, A_word_of_a_new_file_gets_record_1) {
   EXPECT_EQ(record.WordCount(), 1);
   EXPECT_EQ(Trim(record.Words(1)), "low");
   EXPECT_EQ(record.WordRatings(1), 100);
-  EXPECT_EQ(Trim(record.WordFont()), "MS Sans Serif");
+  EXPECT_EQ(record.WordFont(), std::string(20, ' '));
   EXPECT_EQ(record.LikeCount(), 1);
   EXPECT_EQ(Trim(record.LikeProtocols(1)), Low_Pattern);
   EXPECT_EQ(record.LikeRatings(1), 100);
@@ -310,6 +310,42 @@ TEST_F(Learn, No_language_is_matched_while_learning) {
   Teach("low", {"--set", "Enable_Artificial_Intelligence=YES", Low()});
   const auto after = Content("w.SAY");
   EXPECT_TRUE(std::equal(before.begin(), before.end(), after.begin()));
+}
+
+// Lines of text, and an interrupt where they end.
+class InterruptedText final : public std::streambuf {
+ public:
+  InterruptedText(std::string text, std::atomic<bool>& flag) : text_(std::move(text)), flag_(flag) {
+    setg(text_.data(), text_.data(), text_.data() + text_.size());
+  }
+
+ protected:
+  int_type underflow() override {
+    flag_ = true;
+    return traits_type::eof();
+  }
+
+ private:
+  std::string text_;
+  std::atomic<bool>& flag_;
+};
+
+TEST_F(Learn, An_interrupted_lesson_writes_nothing_and_ends_with_130) {
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("x")});
+  const auto before = Content("w.SAY");
+  for (const std::string& file : {language, Path("new.SAY")}) {
+    interrupted = false;
+    InterruptedText names(Low() + "\n", interrupted);  // one sound is heard before
+    std::istream in(&names);
+    std::ostringstream told;
+    cli::Console console{in, told, told};
+    console.interrupted = &interrupted;
+    EXPECT_EQ(cli::Run_Command_Line({"learn", "--language", file, "--word", "low", "-"}, console),
+              130);
+    EXPECT_EQ(told.str(), "");
+  }
+  EXPECT_EQ(Content("w.SAY"), before);
+  EXPECT_FALSE(Exists("new.SAY"));
 }
 
 TEST_F(Learn, A_language_file_that_cannot_be_opened_fails) {

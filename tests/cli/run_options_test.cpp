@@ -1,5 +1,11 @@
 #include "cli/run_options.hpp"
 
+#include <map>
+
+#include "base/text.hpp"
+#include "cli/session_on_files.hpp"
+#include "core/operations.hpp"
+#include "core/settings_table.hpp"
 #include "tests/cli/command_fixture.hpp"
 
 namespace quillspeech::tests {
@@ -104,6 +110,49 @@ TEST_F(RunOptions, A_value_that_is_taken_is_not_mentioned) {
   EXPECT_EQ(err, "");
   EXPECT_EQ(Set("Keep_Digital_Signal_Processing_level=Top"), 0);
   EXPECT_EQ(err, "");
+}
+
+// A text that the setting does not hold at first, and stores as it stands.
+std::string Other_Value(const std::string& name, const std::string& folder) {
+  const std::map<std::string, std::string> Special = {
+      {"Keep_Engine_Frequency_Input_Flow", "Filter Same"},
+      {"Keep_Digital_Signal_Processing_level", "Top"},
+      {"Set_Recording_Frequency", "8000"},
+      {"Speech_sampling_time_in_ms", "5000"},
+      {"Consider_this_Engine_for_Recognition", folder + "/e.EGN"},
+      {"Consider_this_Lang_File_to_Add", folder + "/add.SAY"},
+      {"Consider_this_Lang_File_to_match", folder + "/w.SAY"}};
+  if (const auto special = Special.find(name); special != Special.end()) return special->second;
+  const auto fresh = std::make_unique<cli::SessionOnFiles>();
+  Prepare_Session(fresh->session);
+  const std::string value = Get_Setting(fresh->session, name).value_or("");
+  if (value == "YES") return "NO";
+  if (value == "NO") return "YES";
+  return Text_To_Number(value) ? "7" : "some text.wav";
+}
+
+TEST_F(RunOptions, No_setting_has_a_note_for_a_value_that_it_stores_and_that_counts) {
+  const auto language = Put_Language("w.SAY", {Record().Word("low").Pattern("oa*")});
+  Put("e.EGN", Engine_File({{4, "x"}, {6, "y"}}));
+  for (const Member& member : Setting_Members()) {
+    if (member.name == "Open_this_Wave_File") continue;  // counts for nothing here
+    const std::string name(member.name);
+    cli::RunOptions options;
+    options.language = language;
+    options.settings = {{name, Other_Value(name, Folder().string())}};
+    std::ostringstream said;
+    EXPECT_TRUE(cli::Check_Options(options, said)) << name;
+    EXPECT_EQ(said.str(), "") << name;
+  }
+}
+
+TEST_F(RunOptions, The_name_of_another_sound_is_noted_to_have_no_effect) {
+  const auto file = Put_Sound("low.wav", Low_Word());
+  const auto plain = Recognize_As_Json({file});
+  EXPECT_EQ(Recognize_As_Json({"--set", "Open_this_Wave_File=zz.wav", file}), plain);
+  EXPECT_EQ(err,
+            "quillspeech: note: --set Open_this_Wave_File=zz.wav has no effect; the sounds are the "
+            "WAV files that the command names\n");
 }
 
 TEST_F(RunOptions, A_value_may_hold_equals_signs_and_blanks) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <string>
 #include <utility>
 #include <vector>
@@ -60,6 +61,27 @@ TEST(OpenSpecifiedWaveFile, A_live_session_shuts_the_file_out_without_a_message)
   }
 }
 
+TEST(OpenSpecifiedWaveFile, A_live_session_that_shuts_the_file_out_has_lost_its_sound_to_it) {
+  OpenFile test;
+  Put_File(test.session, Level(200, Bytes(100)));
+  test.events.Enable(FormTimer::Timer1, true);
+  test.Open();
+  const Sound word = Words({1000}, Bytes(2000));
+  const auto& store = test.session.sample.Speech_Sample_Bytes;
+  EXPECT_EQ(test.session.sample.Samples_Per_Capture, static_cast<std::int64_t>(word.size()));
+  ASSERT_GT(store.Count(), 2000);
+  EXPECT_EQ(store[50], word[50]);
+  EXPECT_EQ(store[2000], word[2000]);
+}
+
+TEST(OpenSpecifiedWaveFile, A_missing_file_shows_its_box_during_a_live_session_too) {
+  OpenFile test;
+  test.session.settings.Open_this_Wave_File = "missing.wav";
+  test.events.Enable(FormTimer::Timer1, true);
+  test.Open();
+  EXPECT_EQ(test.boxes.shown.size(), 1U);
+}
+
 TEST(OpenSpecifiedWaveFile, A_started_session_without_a_timer_on_lets_the_file_in) {
   OpenFile test;
   test.session.flags.Session_Started = 1;
@@ -84,6 +106,17 @@ TEST(OpenSpecifiedWaveFile, The_file_run_is_marked_before_the_analysis_begins) {
   };
   test.Open();
   EXPECT_EQ(active, 1);
+}
+
+TEST(OpenSpecifiedWaveFile, The_host_is_told_of_the_file_before_the_run_is_marked) {
+  OpenFile test;
+  test.session.operations.Wave_File_Was_Read = [&](Session& session) {
+    EXPECT_EQ(session.flags.File_Run_Active, 0);
+    EXPECT_GT(session.sample.Speech_Sample_Bytes.Count(), 2000);
+    test.calls.emplace_back("told");
+  };
+  test.Open();
+  EXPECT_EQ(test.Times("told"), 1);
 }
 
 TEST(OpenSpecifiedWaveFile, A_host_may_change_the_sound_between_reading_and_analysis) {
@@ -223,6 +256,67 @@ TEST(PrepareSession, A_failure_in_the_analysis_reaches_the_recovery) {
   EXPECT_EQ(test.session.flags.Operation_Status, "Sleeping");
 }
 
+// A prepared session that nothing else has touched.
+struct PreparedSession : TestSession {
+  PreparedSession() { Prepare_Session(session); }
+};
+
+TEST(PrepareSession, The_stop_of_a_recording_reaches_the_recorder) {
+  PreparedSession test;
+  test.session.recorder.Recording_Active = 1;
+  test.session.operations.Stop_Recording(test.session);
+  EXPECT_EQ(test.session.recorder.Recording_Active, 0);
+  EXPECT_EQ(test.session.recorder.Recording_Stopped, 1);
+}
+
+TEST(PrepareSession, The_closing_reaches_the_second_recorder) {
+  PreparedSession test;
+  test.session.recorder.Second_Recorder_Open = 1;
+  test.session.operations.Close_Recorder(test.session);
+  EXPECT_EQ(test.session.recorder.Second_Recorder_Open, 0);
+}
+
+TEST(PrepareSession, The_echo_takes_its_bytes_from_the_store) {
+  PreparedSession test;
+  Put_File(test.session, Level(200, Bytes(100)));
+  test.session.operations.Play_Echo(test.session, 10, 60);
+  const auto& echo = test.session.recorder.Echo_Sample_Bytes;
+  ASSERT_EQ(echo.Count(), 61);
+  EXPECT_EQ(echo[1], 200);
+  EXPECT_EQ(echo[60], 0);
+}
+
+TEST(PrepareSession, The_adding_asks_its_question) {
+  PreparedSession test;
+  test.session.operations.Add_Engine_String_To_Language(test.session);
+  ASSERT_EQ(test.boxes.shown.size(), 1U);
+  EXPECT_EQ(test.boxes.shown[0].box.buttons, BoxButtons::YesNo);
+}
+
+// The clock counts seconds, the poll calls the pump, the starter finds no microphone.
+TEST(PrepareSession, Three_of_the_five_timers_have_each_its_own_tick) {
+  struct Effects {
+    FormTimer timer;
+    int seconds;
+    std::string status;
+    std::size_t boxes;
+  };
+  const std::vector<Effects> Expected = {{FormTimer::Timer1, 1, "", 0},
+                                         {FormTimer::Timer2, 0, "", 0},
+                                         {FormTimer::Timer3, 0, "Alert", 0},
+                                         {FormTimer::Timer4, 0, "", 0},
+                                         {FormTimer::Timer5, 0, "", 1}};
+  for (const Effects& effects : Expected) {
+    PreparedSession test;
+    test.events.Enable(effects.timer, true);
+    test.events.Wait_For_Events();
+    SCOPED_TRACE(static_cast<int>(effects.timer) + 1);
+    EXPECT_EQ(test.session.recorder.Capture_Seconds, effects.seconds);
+    EXPECT_EQ(test.session.flags.Operation_Status, effects.status);
+    EXPECT_EQ(test.boxes.shown.size(), effects.boxes);
+  }
+}
+
 TEST(PrepareSession, The_built_in_engine_stands_from_the_start) {
   TestSession test;
   Prepare_Session(test.session);
@@ -259,6 +353,7 @@ TEST(PrepareSession, After_a_refused_engine_file_a_stop_analyses_nothing) {
   const RunWithEngine stopped("voice.txt", "NO");
   EXPECT_EQ(stopped.boxes.shown.size(), 1U);
   EXPECT_EQ(stopped.session.filter.Current_Voice_Word, "");
+  EXPECT_EQ(stopped.session.flags.Operation_Status, "Starting Processing");
 }
 
 }  // namespace

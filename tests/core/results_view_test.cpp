@@ -48,7 +48,8 @@ TEST(ResultsView, Without_a_word_available_all_word_results_are_empty_or_0) {
 
 TEST(ResultsView, An_index_below_2_means_the_first_word) {
   const Results results = Two_Words();
-  for (const int send : {0, 1, -1}) {
+  for (const std::int64_t send :
+       {std::int64_t{0}, std::int64_t{1}, std::int64_t{-1}, std::int64_t{INT32_MIN}}) {
     EXPECT_EQ(Platinum_Words(results, send), "hello     ");
     EXPECT_EQ(Platinum_Word_Percentage(results, send), 55);
   }
@@ -57,8 +58,11 @@ TEST(ResultsView, An_index_below_2_means_the_first_word) {
 }
 
 TEST(ResultsView, The_words_end_at_1000) {
-  const Results results = Two_Words();
-  EXPECT_EQ(Platinum_Words(results, 1000), "");
+  Results results = Two_Words();
+  results.Platinum_Word_Table[1000] = "last";
+  results.Platinum_Score_Table[1000] = 3;
+  EXPECT_EQ(Platinum_Words(results, 1000), "last");
+  EXPECT_EQ(Platinum_Word_Percentage(results, 1000), 3);
   EXPECT_EQ(Failure_Of([&] { Platinum_Words(results, 1001); }), 9);
   EXPECT_EQ(Failure_Of([&] { Platinum_Word_Percentage(results, 1001); }), 9);
 }
@@ -102,7 +106,11 @@ TEST(ResultsView, A_matched_pattern_is_taken_at_the_index_0_included) {
   filter.Voice_Word_Matched_Table[1] = "one";
   EXPECT_EQ(Voice_Word_Matched(filter, 0), "zero");
   EXPECT_EQ(Voice_Word_Matched(filter, 1), "one");
-  EXPECT_EQ(Failure_Of([&] { Voice_Word_Matched(filter, 500); }), 9);
+  filter.Voice_Word_Matched_Table[100] = "last";
+  EXPECT_EQ(Voice_Word_Matched(filter, 100), "last");
+  for (const int send : {-1, 101, 500}) {
+    EXPECT_EQ(Failure_Of([&] { Voice_Word_Matched(filter, send); }), 9) << send;
+  }
 }
 
 TEST(ResultsView, Counts_below_1_are_0) {
@@ -124,7 +132,27 @@ TEST(ResultsView, Counts_below_1_are_0) {
   EXPECT_EQ(Current_Word_no_Processed(words), 4);
 }
 
-TEST(ResultsView, Words_I_Check_always_answers_2) { EXPECT_EQ(Words_I_Check(), 2); }
+TEST(ResultsView, Words_I_Check_answers_2_for_every_index_while_no_word_is_checked) {
+  Filter filter;
+  filter.Word_Check_Flags.Fill(1);
+  for (const int checked : {0, -1}) {
+    filter.Words_Checked = checked;
+    for (const int send : {-1, 0, 100, 101, 500}) EXPECT_EQ(Words_I_Check(filter, send), 2);
+  }
+}
+
+TEST(ResultsView, Words_I_Check_is_the_flag_of_the_word_once_one_is_checked) {
+  Filter filter;
+  filter.Words_Checked = 1;
+  filter.Word_Check_Flags[0] = 255;
+  filter.Word_Check_Flags[100] = 1;
+  EXPECT_EQ(Words_I_Check(filter, 0), 255);
+  EXPECT_EQ(Words_I_Check(filter, 1), 0);
+  EXPECT_EQ(Words_I_Check(filter, 100), 1);
+  for (const int send : {-1, 101, 500}) {
+    EXPECT_EQ(Failure_Of([&] { Words_I_Check(filter, send); }), 9) << send;
+  }
+}
 
 TEST(ResultsView, The_trace_and_the_status_are_trimmed) {
   Filter filter;
@@ -160,7 +188,44 @@ TEST(ResultsView, Slots_are_answered_while_one_is_filled) {
   filter.Filter_Filled_Slots = 1;
   EXPECT_EQ(Filter_Slot_Data(filter, 2), "s");
   EXPECT_EQ(Filter_Slot_Data_Weight(filter, 2), 9);
-  EXPECT_EQ(Failure_Of([&] { Filter_Slot_Data(filter, 1001); }), 9);
+}
+
+TEST(ResultsView, The_slots_reach_from_0_to_1000) {
+  Filter filter;
+  filter.Filter_Filled_Slots = 1;
+  filter.Filter_Slot_Table[0] = "zero";
+  filter.Filter_Weight_Table[0] = 4;
+  filter.Filter_Slot_Table[1000] = "last";
+  filter.Filter_Weight_Table[1000] = 5;
+  EXPECT_EQ(Filter_Slot_Data(filter, 0), "zero");
+  EXPECT_EQ(Filter_Slot_Data_Weight(filter, 0), 4);
+  EXPECT_EQ(Filter_Slot_Data(filter, 1000), "last");
+  EXPECT_EQ(Filter_Slot_Data_Weight(filter, 1000), 5);
+  for (const int send : {-1, 1001}) {
+    EXPECT_EQ(Failure_Of([&] { Filter_Slot_Data(filter, send); }), 9) << send;
+    EXPECT_EQ(Failure_Of([&] { Filter_Slot_Data_Weight(filter, send); }), 9) << send;
+  }
+}
+
+TEST(ResultsView, A_negative_count_is_none) {
+  Filter filter;
+  filter.Voice_Words_Explode_Count = -1;
+  filter.Filter_Filled_Slots = -1;
+  filter.Voice_Word_Table[1] = "a";
+  filter.Voice_Word_Matched_Table[1] = "b";
+  filter.Filter_Slot_Table[1] = "c";
+  filter.Filter_Weight_Table[1] = 4;
+  EXPECT_EQ(Voice_Word(filter, 1), "");
+  EXPECT_EQ(Voice_Word_Matched(filter, 1), "");
+  EXPECT_EQ(Filter_Slot_Data(filter, 1), "");
+  EXPECT_EQ(Filter_Slot_Data_Weight(filter, 1), 0);
+  WordTables words;
+  words.Current_Word_no_Processed = -1;
+  words.Current_DeepWord_no_Processed = -1;
+  words.Current_TooDeepWord_no_Processed = -1;
+  EXPECT_EQ(Current_Word_no_Timelength(words), 0);
+  EXPECT_EQ(Current_DeepWord_no_Timelength(words), 0);
+  EXPECT_EQ(Current_TooDeepWord_no_Timelength(words), 0);
 }
 
 TEST(ResultsView, A_time_length_is_that_of_the_current_word) {
@@ -309,7 +374,9 @@ TEST(ResultMembers, There_are_35_and_each_has_a_distinct_answer_above) {
   }
   EXPECT_EQ(answers.size(), 35U);
   std::set<std::string> members;
-  for (const Member& member : Result_Members()) members.emplace(member.name);
+  for (const Member& member : Member_Table()) {
+    if (member.access == Access::Let && !member.let) members.emplace(member.name);
+  }
   EXPECT_EQ(members, names);
   EXPECT_EQ(members.size(), 35U);
 }

@@ -184,6 +184,20 @@ TEST(SimulatedMicrophone, A_clip_of_no_rate_or_length_is_not_heard) {
   EXPECT_EQ(c.buffer, Bytes(5, 128));
 }
 
+TEST(SimulatedMicrophone, A_clip_is_let_go_when_it_ended_more_than_a_second_ago) {
+  headless::EventLoop events;
+  headless::CardCalls calls;
+  headless::SimulatedWaveInput input(events, calls);
+  events.Add_Source(input);
+  input.microphone.Play(Ramp(2'000), 20'000, 500ms);
+  input.microphone.Play(Ramp(2'000), 20'000, 700ms);
+  for (const auto& [moment, clips] : {std::pair{1'600ms, 2U}, {1'601ms, 1U}, {1'801ms, 0U}}) {
+    events.Run_For(moment - events.Now());
+    events.Run_Pending_Events();
+    EXPECT_EQ(input.microphone.Clip_Count(), clips) << moment.count();
+  }
+}
+
 TEST(SimulatedMicrophone, A_header_without_data_is_counted_and_not_written) {
   Card c;
   c.Record(1'000);

@@ -48,6 +48,36 @@ TEST(SimulatedInput, A_stop_keeps_what_is_recorded_and_a_start_goes_on_behind_it
   EXPECT_EQ(c.buffer, Bytes(1'000, 128));
 }
 
+TEST(SimulatedInput, A_start_of_what_is_started_changes_nothing) {
+  Card c;
+  c.events.At(10ms, [&] { EXPECT_EQ(c.input.Start(c.handle), Wave_Ok); });
+  c.Record(1'000, 22'050);  // 220 and a half bytes by then
+  c.Wait_Until_Done();
+  EXPECT_EQ(c.events.Now(), 45'352us);
+}
+
+TEST(SimulatedInput, After_a_reset_it_waits_for_a_start) {
+  Card c;
+  c.Record(1'000);
+  c.input.Reset(c.handle);
+  EXPECT_EQ(c.input.Add_Buffer(c.handle, c.header), Wave_Ok);
+  EXPECT_EQ(c.events.Next_Due(), std::nullopt);
+  c.input.Start(c.handle);
+  EXPECT_EQ(c.events.Next_Due(), 50ms);
+}
+
+TEST(SimulatedInput, After_a_close_it_waits_for_a_start) {
+  Card c;
+  c.Record(1'000);
+  c.Wait_Until_Done();
+  EXPECT_EQ(c.input.Close(c.handle), Wave_Ok);
+  EXPECT_EQ(c.input.Open(c.handle, Pcm(1, 8, 20'000)), Wave_Ok);
+  EXPECT_EQ(c.input.Add_Buffer(c.handle, c.header), Wave_Ok);
+  EXPECT_EQ(c.events.Next_Due(), std::nullopt);
+  c.input.Start(c.handle);
+  EXPECT_EQ(c.events.Next_Due(), 100ms);
+}
+
 TEST(SimulatedInput, A_reset_gives_the_header_back_done_with_what_is_recorded) {
   Card c;
   c.Record(1'000);
@@ -165,10 +195,10 @@ TEST(SimulatedInput, It_records_common_formats_of_8_bits_and_1_channel_only) {
   EXPECT_EQ(c.input.Open(c.handle, Pcm(1, 8, 4'000)), Wave_Ok);
 }
 
-TEST(SimulatedInput, There_is_one_device_and_the_mapper) {
+TEST(SimulatedInput, There_is_one_device_and_its_number_is_0) {
   Card c;
   EXPECT_EQ(c.input.Get_Device_Capabilities(0), Wave_Ok);
-  EXPECT_EQ(c.input.Get_Device_Capabilities(-1), Wave_Ok);
+  EXPECT_EQ(c.input.Get_Device_Capabilities(-1), Wave_Bad_Device);
   EXPECT_EQ(c.input.Get_Device_Capabilities(1), Wave_Bad_Device);
 }
 

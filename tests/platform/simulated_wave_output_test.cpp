@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "tests/platform/sound_card_fixture.hpp"
@@ -94,8 +95,19 @@ TEST(SimulatedOutput, Its_answers_are_those_of_a_device) {
   EXPECT_EQ(c.output.Write(c.handle, c.header), Wave_Ok);
   EXPECT_EQ(c.output.Write(c.handle, c.header), Wave_Still_Playing);
   EXPECT_EQ(c.output.Unprepare_Header(c.handle, c.header), Wave_Still_Playing);
-  EXPECT_EQ(c.output.Close(c.handle), Wave_Still_Playing);
   EXPECT_EQ(c.card.played.size(), 1u);
+}
+
+TEST(SimulatedOutput, A_close_cuts_the_sound_and_leaves_its_header_unmarked) {
+  Card c;
+  Play(c, 1'000, Pcm(1, 8, 20'000));
+  EXPECT_EQ(c.output.Close(c.handle + 1), Wave_Bad_Handle);
+  EXPECT_EQ(c.events.Next_Due(), 50ms);
+  EXPECT_EQ(c.output.Close(c.handle), Wave_Ok);
+  EXPECT_EQ(c.events.Next_Due(), std::nullopt);
+  c.events.Run_For(1s);
+  EXPECT_EQ(c.header.flags, Header_Prepared | Header_In_Queue);
+  EXPECT_EQ(c.output.Open(c.handle, Pcm()), Wave_Ok);
 }
 
 }  // namespace

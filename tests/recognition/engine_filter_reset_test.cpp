@@ -26,6 +26,7 @@ void Spoil(Filter& filter, Results& results) {
   filter.Filter_Run_Codes.Fill(9);
   filter.Filter_Slot_Table.Fill("e");
   filter.Filter_Weight_Table.Fill(10);
+  filter.Words_Checked = 11;
   results.Language_Matched = 1;
 }
 
@@ -35,6 +36,7 @@ void Expect_Run_Is_Reset(const Filter& filter, const Results& results) {
   EXPECT_EQ(filter.Previous_Engine_Category, 0);
   EXPECT_EQ(filter.Filter_Run_Length, 0);
   EXPECT_EQ(filter.Engine_Category_Weight, 0);
+  EXPECT_EQ(filter.Words_Checked, 0);
   EXPECT_EQ(results.Language_Matched, 0);
   for (const int i : {0, 1, 100}) {
     EXPECT_EQ(filter.Voice_Word_Table[i], "");

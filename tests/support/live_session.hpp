@@ -43,6 +43,7 @@ struct LiveGround {
   LiveGround() {
     session.settings.Enable_Artificial_Intelligence = "NO";
     session.settings.Show_Audio_Graph = "NO";
+    session.settings.Voice_Processing_Delay = 1'500;  // 150 ms
   }
 
   bool Is_On(FormTimer timer) { return events.Is_Enabled(timer); }

@@ -12,6 +12,8 @@
 
 namespace quillspeech::tests {
 
+using TypedRecord = std::map<std::string, MemberValue, std::less<>>;
+
 // Keeps what it is given, and notes what it is asked.
 struct KeepingBag final : PropertyBag {
   MemberValue ReadProperty(std::string_view key, const MemberValue& unless_kept) override {
@@ -25,7 +27,7 @@ struct KeepingBag final : PropertyBag {
     if (value != unless_kept) kept[std::string(key)] = value;
   }
 
-  std::map<std::string, MemberValue, std::less<>> kept;
+  TypedRecord kept;
   std::vector<std::pair<std::string, MemberValue>> reads;  // with their defaults
   std::vector<std::pair<std::string, MemberValue>> writes;
 };

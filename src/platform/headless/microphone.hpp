@@ -1,6 +1,7 @@
 // What a simulated microphone hears: silence, with clips mixed in.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <list>
 #include <vector>
@@ -27,6 +28,8 @@ class Microphone {
 
   // Lets go of clips that ended well before that moment.
   void Forget_Before(EventLoop::Time moment);
+  // How many it still holds.
+  std::size_t Clip_Count() const { return clips_.size(); }
 
  private:
   struct Clip {

@@ -17,8 +17,8 @@ std::int64_t Room_In(const WaveLine::Queued& queued) {
 
 WaveResult SimulatedWaveInput::Get_Device_Capabilities(int device) {
   if (const auto answer = calls_.Call("wave_in_get_dev_caps")) return *answer;
-  constexpr int Mapper = -1;
-  return calls_.present && (device == 0 || device == Mapper) ? Wave_Ok : Wave_Bad_Device;
+  constexpr int Only_Device = 0;
+  return calls_.present && device == Only_Device ? Wave_Ok : Wave_Bad_Device;
 }
 
 WaveResult SimulatedWaveInput::Open(WaveHandle& handle, const WaveFormat& format) {

@@ -37,7 +37,7 @@ WaveResult SimulatedWaveOutput::Unprepare_Header(WaveHandle handle, WaveHeader& 
 
 WaveResult SimulatedWaveOutput::Close(WaveHandle handle) {
   if (const auto answer = calls_.Call("wave_out_close")) return *answer;
-  return line_.Close(handle);
+  return line_.Close_And_Let_Go(handle);
 }
 
 std::optional<EventLoop::Time> SimulatedWaveOutput::Next_Due() const {

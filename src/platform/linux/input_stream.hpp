@@ -1,13 +1,11 @@
 // 8-bit mono sound as it comes from a device.
 #pragma once
 
-#include <atomic>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
-#include <vector>
 
 #include "platform/linux/port_audio.hpp"
+#include "platform/linux/sound_ring.hpp"
 #include "platform/wave_header.hpp"
 
 namespace quillspeech::linux {
@@ -29,19 +27,14 @@ class InputStream {
   std::uint32_t Rate() const { return rate_; }
 
   // Takes up to `most` bytes that came in; gives their number.
-  std::size_t Take(std::uint8_t* bytes, std::size_t most);
+  std::size_t Take(std::uint8_t* bytes, std::size_t most) { return ring_.Take(bytes, most); }
   // Forgets what came in so far.
-  void Drop();
+  void Drop() { ring_.Drop(); }
 
  private:
-  friend struct InputStreamCallback;
-  void Put(const std::uint8_t* bytes, std::size_t count);
-
   void* stream_ = nullptr;
   std::uint32_t rate_ = 0;
-  std::vector<std::uint8_t> ring_;
-  std::atomic<std::size_t> put_{0};  // bytes ever put, and ever taken
-  std::atomic<std::size_t> taken_{0};
+  SoundRing ring_;
 };
 
 }  // namespace quillspeech::linux

@@ -1,11 +1,11 @@
 // Plays a stretch of sound on a device.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <vector>
 
 #include "platform/linux/port_audio.hpp"
+#include "platform/linux/sound_feed.hpp"
 #include "platform/wave_output.hpp"
 
 namespace quillspeech::linux {
@@ -27,16 +27,9 @@ class OutputStream {
   void Close();
 
  private:
-  friend struct OutputStreamCallback;
-  // Fills the buffer, with silence behind the end; false when nothing is left.
-  bool Fill(std::uint8_t* buffer, std::size_t count);
-
   void* stream_ = nullptr;
-  std::size_t block_bytes_ = 1;
-  std::uint8_t silence_ = 128;
-  std::vector<std::uint8_t> bytes_;  // the device's thread reads it while the stream runs
-  std::size_t position_ = 0;
-  bool looped_ = false;
+  WaveFormat format_;
+  SoundFeed feed_;  // the device's thread asks it while the stream runs
 };
 
 }  // namespace quillspeech::linux

@@ -14,6 +14,8 @@ class SoundCues final : public quillspeech::SoundCues {
 
   void Play(const std::string& name, CueMode mode) override;
   void Purge() override { stream_.Close(); }
+  // A loop does until it is purged.
+  bool Is_Sounding() const { return !stream_.Is_Finished(); }
 
  private:
   std::shared_ptr<const PortAudio> audio_;

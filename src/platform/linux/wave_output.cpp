@@ -43,7 +43,7 @@ WaveResult WaveOutput::Unprepare_Header(WaveHandle handle, WaveHeader& header) {
 }
 
 WaveResult WaveOutput::Close(WaveHandle handle) {
-  if (const WaveResult wrong = line_.Close(handle)) return wrong;
+  if (const WaveResult wrong = line_.Close_And_Let_Go(handle)) return wrong;
   stream_.Close();
   return Wave_Ok;
 }

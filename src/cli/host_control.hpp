@@ -1,0 +1,70 @@
+// A control in a container that tells everything that happens to it as JSON, one object a line.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <ostream>
+#include <string>
+
+#include "cli/host_windows.hpp"
+#include "cli/live_session.hpp"
+#include "core/control.hpp"
+
+namespace quillspeech::cli {
+
+// Large: keep it on the heap.
+class HostControl final : private Container, private MessageBoxes {
+ public:
+  using Json = nlohmann::ordered_json;
+
+  // Makes the session and initialises the first control; its settings are those of a process in
+  // which none was ever made or loaded. Throws FileError when a microphone's file cannot be read.
+  HostControl(const LiveOptions& options, std::ostream& out);
+  ~HostControl() override;
+  HostControl(const HostControl&) = delete;
+  HostControl& operator=(const HostControl&) = delete;
+
+  // Writes one line, at once.
+  void Tell(const Json& line);
+  bool Is_Heard() const { return out_.good(); }  // false once a line was lost
+
+  LiveSession& Live() { return *live_; }
+  const Control& Last_Control() const { return *control_; }  // ended or not
+  std::shared_ptr<Control> Living_Control() const;           // refused once it is ended
+  std::shared_ptr<Control> Some_Control();                   // another one when it is ended
+  void End();
+
+  bool user_mode = true;
+  std::deque<std::optional<std::string>> answers;  // UTF-8, for what asks next; none cancels
+
+ private:
+  struct Echo {
+    std::int64_t first;
+    std::int64_t last;
+    bool told = false;
+  };
+
+  bool User_Mode() const override { return user_mode; }
+  void Raise(const ControlEvent& event) override;
+  void Property_Changed(std::string_view name) override;
+  void Face_Changed(const Face& face) override;
+  void Pump_Failed(int number) override;
+  BoxAnswer Show(const MessageBox& box) override;
+
+  void Watch_Echo();
+  void Tell_Echo(Echo& echo, std::int64_t bytes);
+  BoxAnswer Next_Answer();
+  std::int64_t Milliseconds() const;
+
+  std::ostream& out_;
+  std::unique_ptr<LiveSession> live_;
+  HostWindows windows_;
+  Echo* echo_ = nullptr;  // the one that is under way
+  Json face_;             // as it was told last
+  std::shared_ptr<Control> control_;
+};
+
+}  // namespace quillspeech::cli

@@ -1,0 +1,70 @@
+#include "cli/host_on_real_clock.hpp"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
+namespace quillspeech::cli {
+
+RequestsOnRealClock::RequestsOnRealClock(HostControl& host, int input)
+    : events_(*host.Live().Real_Clock()),
+      input_(input),
+      requests_(host, [this](std::chrono::milliseconds time) { Pass_Time(time); }) {
+  run_ = events_.Make_Timer(std::chrono::milliseconds(1), [this] {
+    run_->Enable(false);
+    requests_.Time_Has_Passed();
+    Serve_All();
+  });
+  events_.Watch(input_, [this] {
+    Read();
+    Serve_All();
+  });
+}
+
+RequestsOnRealClock::~RequestsOnRealClock() { Close(); }
+
+void RequestsOnRealClock::Read() {
+  std::array<char, 65'536> bytes;
+  const auto count = ::read(input_, bytes.data(), bytes.size());
+  if (count > 0) return lines_.Add({bytes.data(), static_cast<std::size_t>(count)});
+  if (count < 0 && (errno == EINTR || errno == EAGAIN)) return;
+  lines_.Close();
+  Close();
+}
+
+void RequestsOnRealClock::Close() {
+  if (!is_open_) return;
+  is_open_ = false;
+  events_.Unwatch(input_);
+}
+
+// The lines behind a run wait until its time has passed.
+void RequestsOnRealClock::Serve_All() {
+  while (!requests_.Is_Running() && requests_.host.Is_Heard()) {
+    const auto line = lines_.Next();
+    if (!line) break;
+    if (line->is_too_long) {
+      requests_.Refuse_Long_Line();
+    } else {
+      requests_.Serve(line->text);
+    }
+  }
+  const bool is_done = !is_open_ && !requests_.Is_Running();
+  if (is_done || !requests_.host.Is_Heard()) End();
+}
+
+void RequestsOnRealClock::End() {
+  if (ended_) return;
+  ended_ = true;
+  Close();
+  requests_.host.End();
+}
+
+void RequestsOnRealClock::Pass_Time(std::chrono::milliseconds time) {
+  run_->Set_Interval(std::max(time, std::chrono::milliseconds(1)));
+  run_->Enable(true);
+}
+
+}  // namespace quillspeech::cli

@@ -1,0 +1,38 @@
+// Requests on the real clock: each is served as it comes, at whatever yield that is.
+#pragma once
+
+#include <memory>
+
+#include "cli/host_requests.hpp"
+#include "cli/request_lines.hpp"
+
+namespace quillspeech::cli {
+
+class RequestsOnRealClock {
+ public:
+  // Reads the descriptor, which stays open; it and the host outlive this.
+  RequestsOnRealClock(HostControl& host, int input);
+  ~RequestsOnRealClock();
+  RequestsOnRealClock(const RequestsOnRealClock&) = delete;
+  RequestsOnRealClock& operator=(const RequestsOnRealClock&) = delete;
+
+  // Ends the control, as the end of the input does. What was read and not served is dropped.
+  void End();
+  bool Have_Ended() const { return ended_; }
+
+ private:
+  void Read();
+  void Close();
+  void Serve_All();
+  void Pass_Time(std::chrono::milliseconds time);
+
+  linux::EventLoop& events_;
+  int input_;
+  bool is_open_ = true;
+  RequestLines lines_;
+  HostRequests requests_;
+  std::unique_ptr<Timer> run_;  // on until the time of a run has passed
+  bool ended_ = false;
+};
+
+}  // namespace quillspeech::cli
