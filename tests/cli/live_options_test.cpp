@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "cli/live_boxes.hpp"
-#include "tests/cli/command_fixture.hpp"
+#include <chrono>
+#include <optional>
 
 namespace quillspeech::cli {
 namespace {
@@ -27,29 +27,6 @@ TEST(LiveOptions, Seconds_stand_behind_the_last_at_sign_of_a_clip) {
     EXPECT_EQ(clip.file, row.file) << row.typed;
     EXPECT_EQ(clip.at, row.at) << row.typed;
   }
-}
-
-BoxAnswer Answer_At_Terminal(const std::string& typed, std::string* asked = nullptr) {
-  std::istringstream in(typed);
-  std::ostringstream out;
-  std::ostringstream err;
-  Console console{in, out, err};
-  console.in_is_terminal = true;
-  LiveBoxes boxes(console, false);
-  boxes.Tell = [](const MessageBox&, BoxAnswer) {};
-  const BoxAnswer answer = boxes.Show({"Title", "Add it? ", BoxButtons::YesNo, BoxIcon::None});
-  if (asked) *asked = err.str();
-  return answer;
-}
-
-TEST(LiveBoxes, At_a_terminal_a_question_is_asked_and_anything_but_yes_is_no) {
-  std::string asked;
-  EXPECT_EQ(Answer_At_Terminal("y\n", &asked), BoxAnswer::Yes);
-  EXPECT_EQ(asked, "Title: Add it? [y/N] ");
-  EXPECT_EQ(Answer_At_Terminal(" YES \n"), BoxAnswer::Yes);
-  EXPECT_EQ(Answer_At_Terminal("n\n"), BoxAnswer::No);
-  EXPECT_EQ(Answer_At_Terminal("\n"), BoxAnswer::No);
-  EXPECT_EQ(Answer_At_Terminal(""), BoxAnswer::No);
 }
 
 }  // namespace
