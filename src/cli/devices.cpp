@@ -49,7 +49,7 @@ class Watch {
     if (tap.Open() != Wave_Ok) {
       const std::string& device = options_.live.device;
       console_.err << "quillspeech: " << (device.empty() ? "the default input" : device)
-                   << ": no sound can be recorded from it\n";
+                   << ": there is no such input, or no sound can be recorded from it\n";
       return Exit_File_Failed;
     }
     opened_ = live_.Events().Now();
@@ -57,6 +57,7 @@ class Watch {
       live_.Events().Wait_For_Events();
       tap.Take([this](std::span<const std::uint8_t> block) { Hear(block); });
     }
+    if (!stretch_.empty()) Tell();
     if (Is_Bar()) console_.out << "\n" << std::flush;
     return Exit_Done;
   }
@@ -65,7 +66,7 @@ class Watch {
   // A device that gives nothing does not keep the user waiting for ever.
   bool Is_Enough() const {
     constexpr EventLoop::Time Patience = std::chrono::seconds(3);
-    if (console_.Is_Interrupted()) return true;
+    if (console_.Is_Interrupted() || !console_.out) return true;
     if (!end_ms_) return false;
     const EventLoop::Time latest = opened_ + std::chrono::milliseconds(*end_ms_) + Patience;
     return heard_ms_ >= *end_ms_ || live_.Events().Now() > latest;
@@ -78,7 +79,10 @@ class Watch {
     meter_.Hear(block);
     heard_ms_ += Block_ms;
     stretch_.insert(stretch_.end(), block.begin(), block.end());
-    if (!Is_Bar() && heard_ms_ % Line_ms != 0) return;
+    if (Is_Bar() || heard_ms_ % Line_ms == 0) Tell();
+  }
+
+  void Tell() {
     const LevelReading reading = Read_Level(meter_, heard_ms_, Level_Of(stretch_));
     stretch_.clear();
     if (Is_Bar()) {
@@ -109,7 +113,15 @@ int List_Devices(const DevicesOptions& options, Console& console) {
 }  // namespace
 
 int Tell_Of_Devices(DevicesOptions options, Console& console) {
-  if (!options.level) return List_Devices(options, console);
+  if (!options.level) {
+    const LiveOptions& live = options.live;
+    if (live.device.empty() && live.microphone.empty() && !options.duration &&
+        live.clock == ClockKind::Real) {
+      return List_Devices(options, console);
+    }
+    console.err << "quillspeech: --device, --microphone, --clock and --for need --level\n";
+    return Exit_Wrong_Usage;
+  }
   console.interrupt_is_an_end = true;
   console.take_interrupts();
   LiveBoxes boxes(console, false);

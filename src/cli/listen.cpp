@@ -104,6 +104,7 @@ int Listen(ListenOptions options, Console& console) {
   };
   const bool went_well = listener.Run(*report, Time_To_Listen(options, live));
   boxes.Tell = nullptr;
+  boxes.Is_Over = [] { return true; };
   if (options.save) Save(options.run, listener.Control());
   Hear_Cue_Out(live, console);
   return went_well ? Exit_Done : Exit_File_Failed;

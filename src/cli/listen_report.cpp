@@ -87,8 +87,8 @@ class JsonReport final : public ListenReport {
     Print(line);
   }
 
-  void Box(const MessageBox& box, BoxAnswer answer, EventLoop::Time) override {
-    Print({{"box", Box_Json(box, answer)}});
+  void Box(const MessageBox& box, BoxAnswer answer, EventLoop::Time at) override {
+    Print({{"box", Box_Json(box, answer)}, {"at_ms", Milliseconds(at)}});
   }
 
  private:

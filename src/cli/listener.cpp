@@ -61,7 +61,7 @@ std::optional<EventLoop::Time> Listener::Next_Due() const {
 }
 
 bool Listener::Is_End_Wanted(EventLoop::Time now) const {
-  return is_given_up_ || console_.Is_Interrupted() || (end_ && now >= *end_);
+  return is_given_up_ || console_.Is_Interrupted() || !console_.out || (end_ && now >= *end_);
 }
 
 void Listener::Serve(EventLoop::Time now) {

@@ -26,7 +26,7 @@ void Add_Microphone(CLI::App& command, LiveOptions& options) {
             for (const std::string& one : typed) options.microphone.push_back(Clip_From(one));
           },
           "Hear this WAV instead of a device, from that second on; may be repeated. Without a "
-          "time, a second after the end of the one before")
+          "time, half a second after the start, or three seconds after the end of the one before")
       ->type_name("FILE[@SECONDS]")
       ->allow_extra_args(false);
 }
@@ -72,7 +72,8 @@ void Add_Live_Options(CLI::App& command, LiveOptions& options, Duration& duratio
           [&duration](const std::string& typed) {
             duration = Seconds_From(typed);
             if (duration && duration->count() > 0) return;
-            throw CLI::ValidationError("--for", "'" + typed + "' is no number of seconds above 0");
+            throw CLI::ValidationError(
+                "--for", "'" + typed + "' is no number of seconds from 0.001 to 1000000");
           },
           "End after so many seconds")
       ->type_name("SECONDS");

@@ -84,8 +84,10 @@ void LiveSession::Make_Devices(const LiveOptions& options) {
 }
 
 void LiveSession::Play_Clips(const std::vector<MicrophoneClip>& clips) {
-  constexpr EventLoop::Time Pause = std::chrono::seconds(1);
-  EventLoop::Time next{0};
+  // The first capture has begun by then, and the one after a word too.
+  constexpr EventLoop::Time Head = std::chrono::milliseconds(500);
+  constexpr EventLoop::Time Pause = std::chrono::seconds(3);
+  EventLoop::Time next = Head;
   for (const MicrophoneClip& clip : clips) {
     const EventLoop::Time end =
         Play_Into_Microphone(*card_, clip.file, clip.at ? EventLoop::Time(*clip.at) : next);

@@ -25,8 +25,8 @@ namespace quillspeech::cli {
 
 enum class ClockKind { Real, Virtual };
 
-// A WAV file that the simulated microphone hears from that moment on; without one, a second after
-// the end of the clip before it, the first at once.
+// A WAV file that the simulated microphone hears from that moment on; without one, three seconds
+// after the end of the clip before it, the first after half a second.
 struct MicrophoneClip {
   std::string file;
   std::optional<std::chrono::milliseconds> at;

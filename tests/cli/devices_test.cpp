@@ -19,7 +19,7 @@ class Devices : public ListenTest {
   // A line a second of the level of that sound.
   std::vector<Json> Levels(const Sound& sound, const std::string& seconds) {
     EXPECT_EQ(Run({"devices", "--level", "--json", "--clock", "virtual", "--for", seconds,
-                   "--microphone", Put_Sound("sound.wav", sound)}),
+                   "--microphone", Put_Sound("sound.wav", sound) + "@0"}),
               0)
         << err;
     return Json_Lines();
@@ -104,12 +104,28 @@ TEST_F(Devices, As_text_a_line_comes_every_second_and_at_a_terminal_a_bar_every_
   EXPECT_EQ(std::count(out.begin(), out.end(), '\r'), 20);
 }
 
+TEST_F(Devices, What_was_heard_since_the_last_line_gets_a_line_of_its_own_at_the_end) {
+  EXPECT_EQ(Run({"devices", "--level", "--clock", "virtual", "--for", "2.5"}), 0);
+  EXPECT_EQ(std::count(out.begin(), out.end(), '\n'), 3);
+}
+
+TEST_F(Devices, The_list_takes_no_option_of_the_meter) {
+  const std::vector<std::vector<std::string>> options = {
+      {"--device", "mic"}, {"--for", "1"}, {"--clock", "virtual"}, {"--microphone", "a.wav"}};
+  for (const auto& option : options) {
+    EXPECT_EQ(Run({"devices", option[0], option[1]}), 2) << option[0];
+    EXPECT_NE(err.find("need --level"), std::string::npos) << err;
+  }
+}
+
 TEST_F(Devices, An_interrupt_ends_the_meter_and_a_missing_input_fails) {
   interrupted = true;
   EXPECT_EQ(Run({"devices", "--level", "--clock", "virtual", "--for", "1000"}), 0);
   interrupted = false;
   EXPECT_EQ(Run({"devices", "--level", "--device", "no such device"}), 1);
-  EXPECT_EQ(err, "quillspeech: no such device: no sound can be recorded from it\n");
+  EXPECT_EQ(
+      err,
+      "quillspeech: no such device: there is no such input, or no sound can be recorded from it\n");
 }
 
 }  // namespace

@@ -80,10 +80,11 @@ TEST_F(ListenTest, Without_an_end_it_listens_two_captures_beyond_the_last_clip) 
   EXPECT_EQ(Json_Lines().back()["at_ms"], 17'000);  // 2 s, the clip's 1 s, and twice 7 s
 }
 
-TEST_F(ListenTest, Clips_without_a_time_come_a_second_after_the_end_of_the_one_before) {
+TEST_F(ListenTest, Clips_without_a_time_come_three_seconds_after_the_end_of_the_one_before) {
   const std::string second = Put_Sound("second.wav", Silence(Bytes(22'050)));
   EXPECT_EQ(Listen({"--json", "--microphone", second, "--microphone", second}), 0);
-  EXPECT_EQ(Json_Lines().back()["at_ms"], 17'000);  // 1 s each, a second between them, twice 7 s
+  // Half a second, 1 s each, three seconds between them, and twice 7 s.
+  EXPECT_EQ(Json_Lines().back()["at_ms"], 19'500);
 }
 
 TEST_F(ListenTest, An_interrupt_stops_the_session_and_is_no_failure) {
