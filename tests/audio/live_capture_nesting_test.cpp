@@ -58,9 +58,9 @@ TEST(NestedCapture, With_a_dead_device_1000_captures_in_a_row_keep_the_stack_fla
   const char* highest = nullptr;
   std::ptrdiff_t stack = 0;
   test.events.On_Tick(FormTimer::Timer5, [&] {
-    const char here = 0;
-    if (!highest) highest = &here;
-    stack = std::max(stack, highest - &here);
+    const auto* const here = static_cast<const char*>(__builtin_frame_address(0));
+    if (!highest) highest = here;
+    stack = std::max(stack, highest - here);
     deepest = std::max(deepest, test.events.Depth());
     Timer5_Timer(test.session);
     if (test.session.flags.Settings_Ready_Count == 1'003) test.Stop();
