@@ -8,6 +8,7 @@
 #include "cli/level_meter.hpp"
 #include "cli/session_on_files.hpp"
 #include "tests/cli/listen_fixture.hpp"
+#include "tests/support/driver_memory.hpp"
 
 namespace quillspeech::tests {
 namespace {
@@ -50,6 +51,7 @@ TEST_F(Devices, Inputs_and_outputs_are_listed_with_their_defaults) {
 }
 
 TEST_F(Devices, The_list_of_this_machine_is_JSON_when_asked) {
+  const DriverMemory drivers;
   EXPECT_EQ(Run({"devices", "--json"}), 0);
   EXPECT_EQ(Keys(Json::parse(out)), (Lines{"inputs", "outputs"}));
 }
@@ -122,6 +124,7 @@ TEST_F(Devices, An_interrupt_ends_the_meter_and_a_missing_input_fails) {
   interrupted = true;
   EXPECT_EQ(Run({"devices", "--level", "--clock", "virtual", "--for", "1000"}), 0);
   interrupted = false;
+  const DriverMemory drivers;
   EXPECT_EQ(Run({"devices", "--level", "--device", "no such device"}), 1);
   EXPECT_EQ(
       err,

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tests/cli/listen_fixture.hpp"
+#include "tests/support/driver_memory.hpp"
 
 namespace quillspeech::tests {
 namespace {
@@ -156,6 +157,7 @@ TEST_F(ListenTest, A_clip_that_cannot_be_read_fails) {
 }
 
 TEST_F(ListenTest, A_device_that_is_not_there_gives_the_box_and_fails) {
+  const DriverMemory drivers;
   EXPECT_EQ(Run({"listen", "--device", "no such device", "--json", "--for", "5"}), 1);
   bool told = false;
   for (const Json& line : Json_Lines()) {
