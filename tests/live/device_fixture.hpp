@@ -86,7 +86,9 @@ class Ear {
   int Blocks() const { return blocks_heard_; }
   int Loud() const { return loud_; }                // blocks
   int Silent_Since() const { return silent_run_; }  // blocks since the last loud one
-  int Crossings() const { return crossings_; }      // of the silence, in the last loud block
+  int Crossings() const {
+    return crossings_;
+  }  // of the silence, in the last block between loud ones
 
  private:
   struct Block {
@@ -106,9 +108,12 @@ class Ear {
     ++blocks_heard_;
     const bool is_loud = sum >= Loud_Mean * static_cast<int>(bytes.size());
     silent_run_ = is_loud ? 0 : silent_run_ + 1;
+    loud_run_ = is_loud ? loud_run_ + 1 : 0;
     if (!is_loud) return;
     ++loud_;
-    crossings_ = crossings;
+    // The first and the last of a sound may be loud in part only.
+    if (loud_run_ >= 3) crossings_ = last_crossings_;
+    last_crossings_ = crossings;
   }
 
   linux::WaveInput input_;
@@ -118,6 +123,8 @@ class Ear {
   int blocks_heard_ = 0;
   int loud_ = 0;
   int silent_run_ = 0;
+  int loud_run_ = 0;
+  int last_crossings_ = 0;
   int crossings_ = 0;
 };
 
