@@ -167,6 +167,7 @@ bool Check_Setting(Trial& trial, const std::string& name, const std::string& tex
   Session& session = trial.on_files.session;
   auto& shown_boxes = trial.on_files.boxes.shown;
   shown_boxes.clear();
+  const std::string wave_file = session.settings.Open_this_Wave_File;
   SetResult result{};
   try {
     result = Set_Setting(session, trial.instance, name, text);
@@ -184,7 +185,7 @@ bool Check_Setting(Trial& trial, const std::string& name, const std::string& tex
     err << "quillspeech: note: --set " << name << "=" << text << " leaves it at \"" << *stored
         << "\"\n";
   }
-  if (name == "Open_this_Wave_File") {
+  if (session.settings.Open_this_Wave_File != wave_file) {
     err << "quillspeech: note: --set " << name << "=" << text
         << " has no effect; the sounds are the WAV files that the command names\n";
   }
