@@ -17,7 +17,7 @@ struct TimedLoop::TimerState {
 
 class TimedLoop::LoopTimer final : public Timer {
  public:
-  LoopTimer(const TimedLoop& loop, std::shared_ptr<TimerState> state)
+  LoopTimer(TimedLoop& loop, std::shared_ptr<TimerState> state)
       : loop_(loop), state_(std::move(state)) {}
   ~LoopTimer() override {
     state_->ended = true;
@@ -29,17 +29,19 @@ class TimedLoop::LoopTimer final : public Timer {
   void Enable(bool on) override {
     if (on && !state_->enabled) state_->due = loop_.Now() + state_->interval;
     state_->enabled = on;
+    if (on) loop_.On_New_Due();
   }
   bool Is_Enabled() const override { return state_->enabled; }
   void Set_Interval(std::chrono::milliseconds interval) override {
     state_->interval = interval;
     state_->due = loop_.Now() + interval;
+    loop_.On_New_Due();
   }
 
   TimerState& State() { return *state_; }
 
  private:
-  const TimedLoop& loop_;
+  TimedLoop& loop_;
   std::shared_ptr<TimerState> state_;
 };
 
@@ -65,6 +67,7 @@ TimedLoop::~TimedLoop() = default;
 
 std::unique_ptr<Timer> TimedLoop::Make_Timer(std::chrono::milliseconds interval,
                                              std::function<void()> tick) {
+  Forget_Ended_Timers();  // also in a host that makes and ends many and never yields
   auto state = std::make_shared<TimerState>();
   state->interval = interval;
   state->tick = std::make_shared<std::function<void()>>(std::move(tick));
@@ -76,6 +79,7 @@ std::unique_ptr<Timer> TimedLoop::Make_Moment(Time moment, std::function<void()>
   auto timer = Make_Timer(std::chrono::milliseconds(1), std::move(tick));
   timer->Enable(true);
   timers_.back()->due = moment;
+  On_New_Due();
   return timer;
 }
 
@@ -88,7 +92,10 @@ void TimedLoop::On_Tick(FormTimer timer, std::function<void()> tick) {
       std::make_shared<std::function<void()>>(std::move(tick));
 }
 
-void TimedLoop::Add_Source(EventSource& source) { sources_.push_back(&source); }
+void TimedLoop::Add_Source(EventSource& source) {
+  sources_.push_back(&source);
+  On_New_Due();
+}
 
 void TimedLoop::Remove_Source(EventSource& source) { std::erase(sources_, &source); }
 
@@ -107,16 +114,18 @@ std::optional<EventLoop::Time> TimedLoop::Next_Due() const {
 void TimedLoop::Run_What_Is_Due() {
   Serve_Sources();
   Run_Due_Timers();
+  On_New_Due();
 }
 
-void TimedLoop::Yield() {
-  On_Yield();
+void TimedLoop::Tick() {
+  const Nesting nesting(depth_);
   Run_What_Is_Due();
 }
 
 void TimedLoop::Run_Pending_Events() {
   const Nesting nesting(depth_);
-  Yield();
+  On_Yield();
+  Run_What_Is_Due();
 }
 
 void TimedLoop::Wait_For_Events() {
@@ -131,14 +140,32 @@ void TimedLoop::Pass(Time least) {
   constexpr Time Shortest_Sleep{1'000};  // below it a machine's own sleep takes longer than asked
   const Nesting nesting(depth_);
   const Time now = Now();
-  const Time until = std::max(passes_until_, now) + least;
+  const Time until = Start_Of_Pass(now) + least;
   passes_until_ = until;
-  if (until - now < Shortest_Sleep) return Yield();
-  do {
-    const auto due = Next_Due();
-    if (!due || *due > Now()) Sleep_Until(due ? std::min(*due, until) : until);
-    Yield();
-  } while (Now() < until);
+  const auto yield = [&] {
+    On_Pass();
+    Run_What_Is_Due();
+  };
+  if (until - now < Shortest_Sleep) {
+    yield();
+  } else {
+    do {
+      const auto due = Next_Due();
+      if (!due || *due > Now()) Sleep_Until(due ? std::min(*due, until) : until);
+      yield();
+    } while (Now() < until);
+  }
+  pass_ended_ = Now();
+}
+
+// A sleep that took longer than it was to take is made up for by the passes of the same wait, which
+// follow each other at once.
+EventLoop::Time TimedLoop::Start_Of_Pass(Time now) const {
+  constexpr Time Between_Passes{50};
+  constexpr Time Most_Made_Up{20'000};
+  const bool goes_on = now - pass_ended_ <= Between_Passes;
+  if (goes_on && now - passes_until_ <= Most_Made_Up) return passes_until_;
+  return std::max(passes_until_, now);
 }
 
 // Serving may take time, so each source is told the time anew.
@@ -150,10 +177,14 @@ void TimedLoop::Serve_Sources() {
   }
 }
 
+void TimedLoop::Forget_Ended_Timers() {
+  std::erase_if(timers_, [](const auto& timer) { return timer->ended; });
+}
+
 // Each timer that is due at the start ticks once, the longest due first, unless a tick before it
 // switched it off or put it off.
 void TimedLoop::Run_Due_Timers() {
-  std::erase_if(timers_, [](const auto& timer) { return timer->ended; });
+  Forget_Ended_Timers();
   const Time now = Now();
   std::vector<std::shared_ptr<TimerState>> due;
   for (const auto& timer : timers_) {
@@ -164,6 +195,7 @@ void TimedLoop::Run_Due_Timers() {
   for (const auto& timer : due) {
     if (!timer->Can_Tick() || timer->due > now) continue;
     timer->due = Now() + timer->interval;
+    On_New_Due();
     const auto tick = timer->tick;  // a tick may give its timer another, or end it
     (*tick)();
   }

@@ -50,6 +50,14 @@ class TimedLoop : public EventLoop {
   virtual void Sleep_Until(std::optional<Time> moment) = 0;
   // Called at the head of each yield, but not when a wait ends.
   virtual void On_Yield() {}
+  // Called in its place where the yield is a pass, of which there may be thousands a second.
+  virtual void On_Pass() { On_Yield(); }
+  // Called when a timer or a source may have become due earlier than before: also ahead of each
+  // tick, which may hold the loop for long, and behind each run of what was due.
+  virtual void On_New_Due() {}
+
+  // Runs what is due as a yield does, without On_Yield: for a tick that comes from outside.
+  void Tick();
 
   // A timer that is on and due at that moment, whatever its fraction of a millisecond. It is to be
   // switched off or destroyed by its tick.
@@ -60,15 +68,17 @@ class TimedLoop : public EventLoop {
   struct TimerState;
   class Nesting;
 
-  void Yield();
   void Run_What_Is_Due();
+  Time Start_Of_Pass(Time now) const;
   void Serve_Sources();
   void Run_Due_Timers();
+  void Forget_Ended_Timers();
 
   std::vector<std::shared_ptr<TimerState>> timers_;
   std::array<std::unique_ptr<Timer>, Form_Timer_Count> form_timers_;
   std::vector<EventSource*> sources_;
   Time passes_until_{0};  // before this the passes so far have not taken their time
+  Time pass_ended_{0};    // the last one
   int depth_ = 0;
 };
 

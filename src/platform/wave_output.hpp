@@ -14,6 +14,8 @@ struct WaveFormat {
   std::uint32_t average_bytes_per_second = 0;
   std::uint16_t block_alignment = 0;
   std::uint16_t bits_per_sample = 0;
+
+  bool operator==(const WaveFormat&) const = default;
 };
 inline constexpr int Wave_Format_Bytes = 16;  // as the fields lie in a "fmt " chunk
 

@@ -12,9 +12,10 @@ class HandClock final : public TimedLoop {
  public:
   Time Now() const override { return now; }
   Time now{0};
+  Time oversleeps{0};  // each time it sleeps
 
  private:
-  void Sleep_Until(std::optional<Time> moment) override { now = moment.value(); }
+  void Sleep_Until(std::optional<Time> moment) override { now = moment.value() + oversleeps; }
 };
 
 }  // namespace quillspeech::tests

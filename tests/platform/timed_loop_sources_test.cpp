@@ -180,6 +180,34 @@ TEST(Passes, Passes_that_take_longer_by_themselves_do_not_sleep) {
   EXPECT_EQ(events.Now(), 50ms);
 }
 
+TEST(Passes, A_sleep_that_took_too_long_is_made_up_for_by_the_passes_behind_it) {
+  HandClock events;
+  events.oversleeps = 2'300us;
+  for (int i = 0; i < 1'500; ++i) events.Pass(100us);
+  EXPECT_GE(events.Now(), 150ms);
+  EXPECT_LE(events.Now(), 153ms);
+}
+
+TEST(Passes, What_a_sleep_took_too_long_counts_for_no_other_wait) {
+  HandClock events;
+  events.oversleeps = 2'300us;
+  for (int i = 0; i < 10; ++i) events.Pass(100us);
+  events.now += 1ms;
+  const Time before = events.Now();
+  for (int i = 0; i < 10; ++i) events.Pass(100us);
+  EXPECT_GE(events.Now() - before, 1ms);
+}
+
+TEST(Passes, No_more_than_20_ms_are_made_up_for) {
+  HandClock events;
+  events.oversleeps = 1s;
+  for (int i = 0; i < 10; ++i) events.Pass(100us);
+  EXPECT_GE(events.Now(), 1s);
+  const Time before = events.Now();
+  for (int i = 0; i < 10; ++i) events.Pass(100us);
+  EXPECT_GE(events.Now() - before, 1ms);
+}
+
 TEST(Depth, Each_kind_of_yield_counts_once_while_it_is_on_the_stack) {
   EventLoop events;
   Source source;
