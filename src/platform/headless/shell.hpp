@@ -1,6 +1,7 @@
 // A shell that only notes what it was asked to open.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -10,13 +11,19 @@ namespace quillspeech::headless {
 
 class Shell final : public quillspeech::Shell {
  public:
-  bool Open(const std::string& document) override {
-    opened.push_back(document);
+  struct Opened {
+    std::string document;
+    std::intptr_t parent = 0;
+    bool operator==(const Opened&) const = default;
+  };
+
+  bool Open(const std::string& document, std::intptr_t parent) override {
+    opened.push_back({document, parent});
     return true;
   }
   std::string Windows_Directory() const override { return windows_directory; }
 
-  std::vector<std::string> opened;
+  std::vector<Opened> opened;
   std::string windows_directory = "C:\\WINDOWS";
 };
 
