@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "base/host_text.hpp"
+
 namespace quillspeech::cli {
 
 // A request that is refused, and why. The number is 0, or one that hosts of controls know.
@@ -17,12 +19,6 @@ class RefusedRequest : public std::runtime_error {
  private:
   int number_;
 };
-
-inline constexpr int Host_Type_Mismatch = 13;
-inline constexpr int No_Such_Member = 438;
-
-// The name that hosts of controls have for the number: "Subscript out of range".
-const char* Host_Text(int number) noexcept;
 
 // {"number", "text"} of the exception being handled. Call it in a catch block only.
 nlohmann::ordered_json Current_Failure_Json();
