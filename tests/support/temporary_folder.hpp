@@ -1,7 +1,11 @@
 // A folder on the disk for one test, which goes with it.
 #pragma once
 
+#ifdef _WIN32
+#include <process.h>
+#else
 #include <stdlib.h>
+#endif
 
 #include <cerrno>
 #include <cstdint>
@@ -19,11 +23,7 @@ namespace quillspeech::tests {
 // are those of files in the folder.
 class TemporaryFolder {
  public:
-  TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "quillspeech-XXXXXX").string();
-    if (::mkdtemp(name.data()) == nullptr) throw std::system_error(errno, std::generic_category());
-    folder_ = name;
-  }
+  TemporaryFolder() : folder_(Made()) {}
   ~TemporaryFolder() {
     std::error_code ignored;
     std::filesystem::remove_all(folder_, ignored);
@@ -51,6 +51,24 @@ class TemporaryFolder {
   }
 
  private:
+#ifdef _WIN32
+  static std::filesystem::path Made() {
+    const std::string start = "quillspeech-" + std::to_string(::_getpid()) + "-";
+    std::filesystem::path folder;
+    int number = 0;
+    do {
+      folder = std::filesystem::temp_directory_path() / (start + std::to_string(++number));
+    } while (!std::filesystem::create_directory(folder));
+    return folder;
+  }
+#else
+  static std::filesystem::path Made() {
+    std::string name = (std::filesystem::temp_directory_path() / "quillspeech-XXXXXX").string();
+    if (::mkdtemp(name.data()) == nullptr) throw std::system_error(errno, std::generic_category());
+    return name;
+  }
+#endif
+
   std::filesystem::path folder_;
 };
 

@@ -1,0 +1,33 @@
+// Data files of the file system.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/data_file.hpp"
+#include "platform/windows/text.hpp"
+
+namespace quillspeech::windows {
+
+// Other programs may read and write an open file at any time, and not delete it. Each open file is
+// locked as a whole while it is measured, read or written, so that its users among us, in this
+// process or another, never see a record in part. The lock lies far behind every file's end: it
+// keeps nobody out who does not ask for it. On a file system without locks the files are used
+// without them; a lock that is refused for any other reason is failure 57. A write that fails puts
+// back what the file had, as far as the device lets it, and fails with the error that came first.
+class DataFileStore final : public quillspeech::DataFileStore {
+ public:
+  // Held: each file that this store opens stays locked against every other user until it is closed,
+  // so that what is read from it still stands when it is written. Open one at a time.
+  enum class Locking { Each_Call, Held };
+
+  explicit DataFileStore(NameEncoding encoding, Locking locking = Locking::Each_Call)
+      : encoding_(encoding), locking_(locking) {}
+  std::unique_ptr<DataFile> Open(const std::string& name) override;
+
+ private:
+  NameEncoding encoding_;
+  Locking locking_;
+};
+
+}  // namespace quillspeech::windows

@@ -1,0 +1,239 @@
+#include "platform/windows/event_loop.hpp"
+
+#include <algorithm>
+#include <cstdint>
+#include <system_error>
+#include <utility>
+
+extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier): the linker's name
+
+namespace quillspeech::windows {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr UINT_PTR Tick_Timer = 1;
+constexpr EventLoop::Time Time_Between_Looks{1'000};  // of passes
+constexpr EventLoop::Time Tick_While_Waiting{50'000};
+constexpr wchar_t Class_Name[] = L"Quillspeech.EventLoop";
+
+HINSTANCE This_Module() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
+
+[[noreturn]] void Throw_Last_Error(const char* call) {
+  throw std::system_error(static_cast<int>(::GetLastError()), std::system_category(), call);
+}
+
+// The time in whole milliseconds, rounded up and held within the two.
+UINT Held_Within(EventLoop::Time time, UINT least, UINT most) {
+  const std::int64_t whole = std::chrono::ceil<milliseconds>(time).count();
+  return static_cast<UINT>(
+      std::clamp<std::int64_t>(whole, std::int64_t{least}, std::int64_t{most}));
+}
+
+}  // namespace
+
+// The loops of a module share it; it goes with the last of their windows.
+class EventLoop::WindowClass {
+ public:
+  WindowClass() {
+    WNDCLASSEXW description{};
+    description.cbSize = sizeof description;
+    description.lpfnWndProc = &EventLoop::Window_Procedure;
+    description.hInstance = This_Module();
+    description.lpszClassName = Class_Name;
+    if (::RegisterClassExW(&description) == 0 && ::GetLastError() != ERROR_CLASS_ALREADY_EXISTS) {
+      Throw_Last_Error("RegisterClassEx");
+    }
+  }
+  ~WindowClass() { ::UnregisterClassW(Class_Name, This_Module()); }
+  WindowClass(const WindowClass&) = delete;
+  WindowClass& operator=(const WindowClass&) = delete;
+};
+
+EventLoop::EventLoop() : class_(std::make_unique<WindowClass>()) { Make_Window(); }
+
+EventLoop::~EventLoop() { Drop_Window(); }
+
+EventLoop::Time EventLoop::Now() const {
+  return std::chrono::duration_cast<Time>(std::chrono::steady_clock::now() - made_);
+}
+
+void EventLoop::Make_Window() {
+  const HWND window = ::CreateWindowExW(0, Class_Name, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                        This_Module(), nullptr);
+  if (window == nullptr) Throw_Last_Error("CreateWindowEx");
+  ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  window_ = window;
+  thread_ = ::GetCurrentThreadId();
+}
+
+// Only its own thread may destroy a window. Another can see to it that the window runs none of our
+// code any more, and ask it to go.
+void EventLoop::Drop_Window() {
+  if (thread_ == ::GetCurrentThreadId()) {
+    ::DestroyWindow(window_);
+  } else {
+    ::SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+    ::SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&::DefWindowProcW));
+    ::PostMessageW(window_, WM_CLOSE, 0, 0);
+  }
+}
+
+void EventLoop::Move_To_This_Thread() {
+  if (thread_ == ::GetCurrentThreadId()) return;
+  Drop_Window();
+  Make_Window();
+  tick_.reset();
+  is_quitting_ = false;
+  On_New_Due();
+}
+
+LRESULT CALLBACK EventLoop::Window_Procedure(HWND window, UINT message, WPARAM wide,
+                                             LPARAM longer) {
+  auto* const loop = reinterpret_cast<EventLoop*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
+  try {
+    if (loop != nullptr && loop->Handle(message, wide, longer)) return 0;
+  } catch (...) {  // nobody is there to take it
+    return 0;
+  }
+  return ::DefWindowProcW(window, message, wide, longer);
+}
+
+void EventLoop::On_Message(UINT message, Handler handler) {
+  if (handler) {
+    handlers_[message] = std::make_shared<const Handler>(std::move(handler));
+  } else {
+    handlers_.erase(message);
+  }
+}
+
+bool EventLoop::Handle(UINT message, WPARAM wide, LPARAM longer) {
+  if (message == WM_TIMER && wide == Tick_Timer) {
+    is_in_host_loop_ = true;
+    Drop_Tick();
+    Tick();
+    return true;
+  }
+  const auto found = handlers_.find(message);
+  if (found == handlers_.end()) return false;
+  const auto handler = found->second;  // it may give the message another
+  (*handler)(wide, longer);
+  On_New_Due();
+  return true;
+}
+
+int EventLoop::Add_Filter(Filter filter) {
+  filters_[++last_filter_] = std::make_shared<const Filter>(std::move(filter));
+  return last_filter_;
+}
+
+void EventLoop::Remove_Filter(int filter) { filters_.erase(filter); }
+
+bool EventLoop::Is_Filtered(MSG& message) {
+  const auto filters = filters_;
+  return std::any_of(filters.begin(), filters.end(), [&](const auto& one) {
+    return filters_.contains(one.first) && (*one.second)(message);
+  });
+}
+
+// True when there was anything but what the loop sends itself. A thread that is told to quit keeps
+// that message at the end of its queue.
+bool EventLoop::Dispatch_Messages() {
+  constexpr int Most_At_Once = 100;  // a window may ask to be painted for ever
+  is_in_host_loop_ = false;
+  last_look_ = Now();
+  bool was_any = false;
+  for (int i = 0; i < Most_At_Once; ++i) {
+    MSG message;
+    if (!::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+      is_quitting_ = false;
+      return was_any;
+    }
+    if (message.message == WM_QUIT) {
+      Meet_Quit(static_cast<int>(message.wParam));
+      return true;
+    }
+    was_any |= Dispatch(message);
+  }
+  return was_any;
+}
+
+// What is for the hidden window does not go the way over the system, through which nothing may be
+// thrown.
+bool EventLoop::Dispatch(MSG& message) {
+  if (message.hwnd == window_) {
+    if (message.message == WM_NULL) return false;
+    if (message.message == WM_TIMER && message.wParam == Tick_Timer) {
+      tick_ = Now() + Tick_While_Waiting;  // the yield itself runs what is due
+      return false;
+    }
+    if (Handle(message.message, message.wParam, message.lParam)) return true;
+  } else if (Is_Filtered(message)) {
+    return true;
+  }
+  ::TranslateMessage(&message);
+  ::DispatchMessageW(&message);
+  return true;
+}
+
+void EventLoop::Meet_Quit(int exit_code) {
+  ::PostQuitMessage(exit_code);
+  if (std::exchange(is_quitting_, true)) return;
+  const auto tell = At_Quit;
+  if (tell) tell();
+}
+
+void EventLoop::Wake() noexcept {
+  if (!is_woken_.exchange(true)) ::PostMessageW(window_, WM_NULL, 0, 0);
+}
+
+void EventLoop::Set_Tick(Time moment) {
+  const UINT wait = Held_Within(moment - Now(), USER_TIMER_MINIMUM, USER_TIMER_MAXIMUM);
+  if (::SetTimer(window_, Tick_Timer, wait, nullptr) != 0) tick_ = moment;
+}
+
+void EventLoop::Drop_Tick() {
+  ::KillTimer(window_, Tick_Timer);
+  tick_.reset();
+}
+
+// A timer that comes too early finds nothing due, and is set again: that costs less than to set it
+// at each change. A wait of ours minds the time itself; there the timer is only to find out that a
+// message or a tick has entered a loop of the host's.
+void EventLoop::On_New_Due() {
+  const auto due = Next_Due();
+  if (!due) return;
+  const bool is_ours = Depth() > 0 && !is_in_host_loop_;
+  if (!tick_ || (!is_ours && *due < *tick_)) {
+    Set_Tick(is_ours ? std::max(*due, Now() + Tick_While_Waiting) : *due);
+  }
+}
+
+void EventLoop::On_Yield() { Dispatch_Messages(); }
+
+void EventLoop::On_Pass() {
+  if (Now() - last_look_ >= Time_Between_Looks) Dispatch_Messages();
+}
+
+void EventLoop::Wait_For_Events() {
+  const auto due = Next_Due();
+  if (due && *due <= Now()) {
+    Run_Pending_Events();
+  } else {
+    TimedLoop::Wait_For_Events();
+  }
+}
+
+// A wait that nothing ended has seen that there are no messages.
+void EventLoop::Sleep_Until(std::optional<Time> moment) {
+  for (;;) {
+    if (is_woken_.exchange(false)) return;
+    const DWORD wait = moment ? Held_Within(*moment - Now(), 0, INFINITE - 1) : INFINITE;
+    const DWORD ended =
+        ::MsgWaitForMultipleObjectsEx(0, nullptr, wait, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+    if (ended == WAIT_TIMEOUT || Dispatch_Messages()) return;
+  }
+}
+
+}  // namespace quillspeech::windows

@@ -1,0 +1,96 @@
+// An event loop on a thread's message queue. A yield dispatches what waits in the queue, a wait
+// sleeps in it, and while a loop of the host's or of a dialog box runs, a timer of the hidden
+// window brings the ticks.
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+
+#include "platform/timed_loop.hpp"
+#include "platform/windows/windows_api.hpp"
+
+namespace quillspeech::windows {
+
+// Belongs to one thread: the one that made it, or moved it last.
+class EventLoop final : public TimedLoop {
+ public:
+  using Handler = std::function<void(WPARAM, LPARAM)>;
+  using Filter = std::function<bool(MSG&)>;
+
+  EventLoop();  // throws std::system_error when there can be no window
+  ~EventLoop() override;
+
+  Time Now() const override;
+  // Nothing that is due keeps the messages from their turn.
+  void Wait_For_Events() override;
+
+  // A window that never shows and that nobody finds by looking. Devices and other threads send
+  // their messages there. It stays the same until the loop moves to another thread.
+  HWND Window() const { return window_; }
+  // Runs the handler for each such message to the window: in a yield or a wait, or in a loop of the
+  // host's. What it throws comes out of the yield, and is lost in a loop of the host's. A second
+  // handler takes the first one's place, and an empty one ends it.
+  void On_Message(UINT message, Handler handler);
+
+  // Each message that a yield or a wait takes from the queue, unless it is for the hidden window,
+  // goes through the filters, the oldest first; one that answers true has dealt with it. The number
+  // that it gives names the filter. Filters may be added and removed by a filter.
+  int Add_Filter(Filter filter);
+  void Remove_Filter(int filter);
+
+  // Whether the thread has been told to quit: a yield or a wait has met WM_QUIT, and put it back
+  // for the host's loop. Until that takes it, no wait blocks.
+  bool Is_Quitting() const { return is_quitting_; }
+  // Called once each time the thread is told to quit.
+  std::function<void()> At_Quit;
+
+  // Ends the wait that is under way, or else the next one. From any thread, as long as the loop
+  // does not move meanwhile.
+  void Wake() noexcept;
+
+  // To be called by a source that has become due outside of a yield, so that the ticks come also
+  // while a loop of the host's runs.
+  void Schedule() { On_New_Due(); }
+
+  // Makes the calling thread the loop's own, with a window of its own. Not from within a yield.
+  void Move_To_This_Thread();
+
+ private:
+  class WindowClass;
+
+  static LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
+
+  void Make_Window();
+  void Drop_Window();
+  bool Handle(UINT message, WPARAM wide, LPARAM longer);
+  bool Dispatch_Messages();
+  bool Dispatch(MSG& message);
+  bool Is_Filtered(MSG& message);
+  void Meet_Quit(int exit_code);
+  void Set_Tick(Time moment);
+  void Drop_Tick();
+
+  void Sleep_Until(std::optional<Time> moment) override;
+  void On_Yield() override;
+  void On_Pass() override;
+  void On_New_Due() override;
+
+  std::chrono::steady_clock::time_point made_ = std::chrono::steady_clock::now();
+  std::unique_ptr<WindowClass> class_;
+  HWND window_ = nullptr;
+  DWORD thread_ = 0;
+  std::map<UINT, std::shared_ptr<const Handler>> handlers_;
+  std::map<int, std::shared_ptr<const Filter>> filters_;
+  int last_filter_ = 0;
+  std::optional<Time> tick_;  // when the window's timer comes
+  Time last_look_{0};
+  bool is_in_host_loop_ = false;  // the last tick came by one
+  bool is_quitting_ = false;
+  std::atomic<bool> is_woken_ = false;
+};
+
+}  // namespace quillspeech::windows

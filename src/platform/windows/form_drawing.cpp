@@ -1,0 +1,144 @@
+#include "platform/windows/form_drawing.hpp"
+
+#include "platform/windows/form_colours.hpp"
+#include "platform/windows/form_fonts.hpp"
+#include "platform/windows/form_text.hpp"
+#include "platform/windows/text.hpp"
+
+namespace quillspeech::windows {
+namespace {
+
+constexpr int Button_Edge = 3;
+
+bool Is_Visible(const Form& form, const FormControl& control) {
+  const FormControl* const parent = form.Find(control.parent);
+  return control.visible && (!parent || Is_Visible(form, *parent));
+}
+
+// One drawing of one form.
+class Drawing {
+ public:
+  Drawing(const Form& form, HDC device, const RECT& rectangle)
+      : form_(form),
+        device_(device),
+        rectangle_(rectangle),
+        scale_(Scale_Into(rectangle, form.Size())) {}
+
+  void Draw() {
+    Fill(rectangle_, Back_Colour_Of(form_));
+    for (const FormControl& control : form_.Controls()) {
+      if (Is_Visible(form_, control)) Draw_Control(control);
+    }
+  }
+
+ private:
+  void Fill(const RECT& place, COLORREF colour) {
+    FillRect(device_, &place, brushes_.Brush_For(colour));
+  }
+
+  void Draw_Control(const FormControl& control) {
+    RECT place = Pixels_On_Form(form_, control, scale_);
+    OffsetRect(&place, rectangle_.left, rectangle_.top);
+    switch (control.kind) {
+      case FormControlKind::Frame:
+        Fill(place, Back_Colour_Of(form_, control));
+        return Draw_Frame(form_, control, device_, place, fonts_.Font_For(control.font));
+      case FormControlKind::Button:
+        return Draw_Button(form_, control, device_, place, fonts_.Font_For(control.font), {});
+      case FormControlKind::TextBox:
+      case FormControlKind::ComboBox:
+      case FormControlKind::ListBox:
+        return Draw_Field(control, place);
+      default:
+        return Draw_Label(control, place);
+    }
+  }
+
+  void Draw_Field(const FormControl& field, RECT place) {
+    DrawEdge(device_, &place, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+    Fill(place, Back_Colour_Of(form_, field));
+    const HFONT font = fonts_.Font_For(field.font);
+    const TextMeasure measure(font);
+    // As an edit field keeps away from its edge.
+    InflateRect(&place, -scale_.Across(Field_Margin) - 1, -1);
+    Draw_Lines(device_, place, {Wide(field.text)}, measure,
+               {font, Text_Colour_Of(form_, field), field.alignment,
+                field.kind == FormControlKind::ComboBox});
+  }
+
+  void Draw_Label(const FormControl& label, const RECT& place) {
+    if (label.back_colour) Fill(place, *label.back_colour);
+    const HFONT font = fonts_.Font_For(label.font);
+    const TextMeasure measure(font);
+    const std::wstring text = Without_Mnemonic(label.text);
+    const TextStyle style{font, Text_Colour_Of(form_, label), label.alignment, !label.multi_line};
+    if (label.multi_line) {
+      Draw_Lines(device_, place, measure.Lines(text, Width_Of(place)), measure, style);
+    } else {
+      Draw_Lines(device_, place, {measure.With_Dots(text, Width_Of(place))}, measure, style);
+    }
+  }
+
+  const Form& form_;
+  HDC device_;
+  RECT rectangle_;
+  FormScale scale_;
+  FormFonts fonts_{scale_};
+  FormBrushes brushes_;
+};
+
+}  // namespace
+
+void Draw_Form(const Form& form, HDC device, const RECT& rectangle) {
+  if (IsRectEmpty(&rectangle) || form.Size().width <= 0 || form.Size().height <= 0) return;
+  const int saved = SaveDC(device);
+  SetTextAlign(device, TA_LEFT | TA_TOP | TA_NOUPDATECP);
+  Drawing(form, device, rectangle).Draw();
+  RestoreDC(device, saved);
+}
+
+void Draw_Button(const Form& form, const FormControl& button, HDC device, const RECT& rectangle,
+                 HFONT font, const ButtonState& state) {
+  RECT box = rectangle;
+  if (state.is_default) {
+    FrameRect(device, &box, GetSysColorBrush(COLOR_WINDOWFRAME));
+    InflateRect(&box, -1, -1);
+  }
+  const UINT pushed = state.is_pressed ? DFCS_PUSHED : 0U;
+  DrawFrameControl(device, &box, DFC_BUTTON, DFCS_BUTTONPUSH | pushed);
+  InflateRect(&box, -Button_Edge, -Button_Edge);
+  if (state.has_focus) DrawFocusRect(device, &box);
+  if (state.is_pressed) OffsetRect(&box, 1, 1);
+  const TextMeasure measure(font);
+  Draw_Lines(device, box, measure.Lines(Without_Mnemonic(button.text), Width_Of(box)), measure,
+             {font, Text_Colour_Of(form, button), FormAlignment::Centre, true,
+              state.shows_mnemonic ? Place_Of_Mnemonic(button.text) : No_Letter});
+}
+
+// With a caption the box begins at the caption's middle, and the caption stands on a gap in it.
+void Draw_Frame(const Form& form, const FormControl& frame, HDC device, const RECT& rectangle,
+                HFONT font) {
+  RECT box = rectangle;
+  if (frame.text.empty()) {
+    DrawEdge(device, &box, EDGE_ETCHED, BF_RECT);
+    return;
+  }
+  const TextMeasure measure(font);
+  const std::wstring caption = Without_Mnemonic(frame.text);
+  const int gap = measure.Average_Width();
+  box.top += measure.Line_Height() / 2;
+  DrawEdge(device, &box, EDGE_ETCHED, BF_RECT);
+  RECT place = rectangle;
+  place.left += 2 * gap;
+  place.right = std::min<LONG>(place.left + measure.Width(caption), rectangle.right - gap);
+  place.bottom = place.top + measure.Line_Height();
+  RECT cleared = place;
+  InflateRect(&cleared, gap / 2, 0);
+  const HBRUSH ground = CreateSolidBrush(Back_Colour_Of(form, frame));
+  FillRect(device, &cleared, ground);
+  DeleteObject(ground);
+  Draw_Lines(device, place, {measure.With_Dots(caption, Width_Of(place))}, measure,
+             {font, Text_Colour_Of(form, frame)});
+}
+
+}  // namespace quillspeech::windows

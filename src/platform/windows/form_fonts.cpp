@@ -1,0 +1,40 @@
+#include "platform/windows/form_fonts.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/windows/text.hpp"
+
+namespace quillspeech::windows {
+namespace {
+
+constexpr double Twips_Per_Point = 20;
+
+LOGFONTW Description_Of(const FormFont& font, const FormScale& scale) {
+  LOGFONTW description{};
+  // Negative: the height of the letters without the room above them, which is what points measure.
+  description.lfHeight = -scale.Down(static_cast<int>(std::lround(font.points * Twips_Per_Point)));
+  description.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
+  description.lfCharSet = DEFAULT_CHARSET;
+  const std::wstring name = Wide(font.name);
+  const std::size_t length = std::min<std::size_t>(name.size(), LF_FACESIZE - 1);
+  std::copy_n(name.begin(), length, description.lfFaceName);
+  return description;
+}
+
+}  // namespace
+
+FormFonts::~FormFonts() {
+  for (const auto& [key, font] : fonts_) DeleteObject(font);
+}
+
+HFONT FormFonts::Font_For(const FormFont& font) {
+  HFONT& made = fonts_[{font.name, font.points, font.bold}];
+  if (!made) {
+    const LOGFONTW description = Description_Of(font, scale_);
+    made = CreateFontIndirectW(&description);
+  }
+  return made;
+}
+
+}  // namespace quillspeech::windows

@@ -1,0 +1,28 @@
+// The fonts of forms at one scale.
+#pragma once
+
+#include <compare>
+#include <map>
+#include <string>
+#include <tuple>
+
+#include "platform/windows/form_layout.hpp"
+
+namespace quillspeech::windows {
+
+// Each font is made once, and lives as long as this.
+class FormFonts {
+ public:
+  explicit FormFonts(const FormScale& scale) : scale_(scale) {}
+  ~FormFonts();
+  FormFonts(const FormFonts&) = delete;
+  FormFonts& operator=(const FormFonts&) = delete;
+
+  HFONT Font_For(const FormFont& font);
+
+ private:
+  FormScale scale_;
+  std::map<std::tuple<std::string, double, bool>, HFONT> fonts_;
+};
+
+}  // namespace quillspeech::windows

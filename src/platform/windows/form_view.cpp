@@ -1,0 +1,151 @@
+#include "platform/windows/form_view.hpp"
+
+#include <system_error>
+#include <utility>
+#include <vector>
+
+namespace quillspeech::windows {
+namespace {
+
+void Let_Go(FormWindow& window) {
+  if (Form* const form = window.Model()) form->Attach(nullptr);
+  window.Form_Gone();
+}
+
+// The system has made no window: the form is without a view again.
+[[noreturn]] void Give_Up(FormWindow& window) {
+  const auto error = static_cast<int>(GetLastError());
+  Let_Go(window);
+  throw std::system_error(error, std::system_category());
+}
+
+// What a new window lies before: the window that the thread's user works in.
+HWND Owner_For_New_Window() {
+  const HWND active = GetActiveWindow();
+  return active ? GetAncestor(active, GA_ROOT) : nullptr;
+}
+
+}  // namespace
+
+FormViews::FormViews(EventLoop& loop, int dots_per_inch)
+    : loop_(loop),
+      dots_per_inch_(dots_per_inch > 0 ? dots_per_inch : Screen_Dots_Per_Inch()),
+      desk_(dots_per_inch_) {
+  desk_.At_Failure = [this] {
+    if (At_Failure) At_Failure();
+  };
+  desk_.At_End = [this](FormWindow& window) {
+    std::erase_if(windows_, [&](const auto& entry) { return entry.second.get() == &window; });
+  };
+  filter_ = loop_.Add_Filter([this](MSG& message) { return Filter(message); });
+}
+
+// The models stay, without a view.
+FormViews::~FormViews() {
+  loop_.Remove_Filter(filter_);
+  while (!windows_.empty()) {
+    const std::shared_ptr<FormWindow> window = windows_.begin()->second;
+    Let_Go(*window);
+  }
+}
+
+FormWindow* FormViews::Find(const Form& form) const {
+  const auto found = windows_.find(&form);
+  return found == windows_.end() ? nullptr : found->second.get();
+}
+
+std::shared_ptr<FormWindow> FormViews::Made(Form& form) {
+  auto window = std::make_shared<FormWindow>(form, desk_);
+  windows_[&form] = window;
+  form.Attach(window.get());
+  return window;
+}
+
+void FormViews::Show(Form& form, Modality modality) {
+  const std::weak_ptr<const void> life = form.Life();
+  form.Load();
+  if (life.expired() || !form.Is_Loaded()) return;  // its Load has unloaded it again
+  FormWindow* const found = Find(form);
+  std::shared_ptr<FormWindow> window = found ? found->shared_from_this() : Made(form);
+  if (!window->Window() && !window->Make_Top(Owner_For_New_Window(), modality == Modality::Modal)) {
+    Give_Up(*window);
+  }
+  if (modality == Modality::Modal) return Run_Modally(window);
+  window->Show();
+}
+
+void FormViews::Run_Modally(const std::shared_ptr<FormWindow>& window) {
+  window->Disable_Others();
+  window->Show();
+  try {
+    while (window->Is_Shown()) {
+      if (loop_.Is_Quitting()) {
+        if (Form* const form = window->Model()) form->Unload();
+        window->Hide();
+        return;
+      }
+      loop_.Wait_For_Events();
+    }
+  } catch (...) {
+    window->Hide();
+    throw;
+  }
+}
+
+void FormViews::Hide(Form& form) {
+  if (FormWindow* const window = Find(form)) window->Hide();
+}
+
+void FormViews::Make_Child(Form& form, std::intptr_t parent, const ChildPlace& place,
+                           ChildMode mode) {
+  const std::weak_ptr<const void> life = form.Life();
+  form.Load();
+  if (life.expired() || !form.Is_Loaded()) return;
+  if (FormWindow* const old = Find(form)) Let_Go(*old);  // it moves into another parent
+  const std::shared_ptr<FormWindow> window = Made(form);
+  if (!window->Make_Child(reinterpret_cast<HWND>(parent), place, mode)) Give_Up(*window);
+}
+
+void FormViews::Move_Child(Form& form, const ChildPlace& place) {
+  if (FormWindow* const window = Find(form)) window->Move(place);
+}
+
+void FormViews::Set_Child_Mode(Form& form, ChildMode mode) {
+  if (FormWindow* const window = Find(form)) window->Set_Mode(mode);
+}
+
+std::intptr_t FormViews::Window_Of(const Form& form) const {
+  const FormWindow* const window = Find(form);
+  return window ? reinterpret_cast<std::intptr_t>(window->Window()) : 0;
+}
+
+bool FormViews::Is_Shown(const Form& form) const {
+  const FormWindow* const window = Find(form);
+  return window && window->Is_Shown();
+}
+
+void FormViews::Repaint(Form& form) {
+  if (FormWindow* const window = Find(form)) window->Repaint();
+}
+
+SIZE FormViews::Natural_Size(const Form& form) const { return Pixels_Of(form.Size(), desk_.scale); }
+
+bool FormViews::Translate(const Form& form, MSG& message) {
+  FormWindow* const window = Find(form);
+  return window && window->Translate(message);
+}
+
+void FormViews::Set_Signals(const Form& form, FormSignals signals) {
+  if (FormWindow* const window = Find(form)) window->signals = std::move(signals);
+}
+
+// A key may end any form: what is looked at is a copy.
+bool FormViews::Filter(MSG& message) {
+  if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
+  for (const auto& [form, window] : std::map(windows_)) {
+    if (window->Translate(message)) return true;
+  }
+  return false;
+}
+
+}  // namespace quillspeech::windows

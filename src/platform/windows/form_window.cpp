@@ -1,0 +1,250 @@
+#include "platform/windows/form_window.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/windows/text.hpp"
+
+namespace quillspeech::windows {
+namespace {
+
+// In the middle of the window before which it shows, or of the desktop, and on the desktop.
+RECT Centred(SIZE size, HWND owner) {
+  RECT desktop{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &desktop, 0);
+  RECT around = desktop;
+  if (owner && IsWindowVisible(owner) && !IsIconic(owner)) GetWindowRect(owner, &around);
+  const LONG left = (around.left + around.right - size.cx) / 2;
+  const LONG top = (around.top + around.bottom - size.cy) / 2;
+  const LONG held_left = std::max(desktop.left, std::min(left, desktop.right - size.cx));
+  const LONG held_top = std::max(desktop.top, std::min(top, desktop.bottom - size.cy));
+  return {held_left, held_top, held_left + size.cx, held_top + size.cy};
+}
+
+}  // namespace
+
+FormDesk::FormDesk(int dots_per_inch)
+    : scale(Scale_At(dots_per_inch)),
+      form_class(L"Quillspeech.Form", &FormWindow::Window_Procedure),
+      frame_class(L"Quillspeech.Frame", &FormWindow::Window_Procedure) {}
+
+FormWindow::Stay::Stay(FormWindow& form) : form_(form.shared_from_this()) { ++form_->busy_; }
+
+FormWindow::Stay::~Stay() {
+  if (--form_->busy_ == 0 && form_->is_ending_) form_->End();
+}
+
+FormWindow::FormWindow(Form& form, FormDesk& desk) : form_(&form), desk_(desk) {}
+
+FormWindow::~FormWindow() = default;
+
+bool FormWindow::Make_Top(HWND owner, bool is_modal) {
+  const DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | (is_modal ? 0 : WS_MINIMIZEBOX);
+  const DWORD extended = WS_EX_CONTROLPARENT | (is_modal ? WS_EX_DLGMODALFRAME : 0);
+  const SIZE inner = Pixels_Of(form_->Size(), desk_.scale);
+  RECT outer{0, 0, inner.cx, inner.cy};
+  AdjustWindowRectEx(&outer, style, FALSE, extended);
+  return Make(style, extended, Centred({Width_Of(outer), Height_Of(outer)}, owner), owner);
+}
+
+bool FormWindow::Make_Child(HWND parent, const ChildPlace& place, ChildMode mode) {
+  is_child_ = true;
+  const RECT pixels{place.left, place.top, place.left + place.width, place.top + place.height};
+  if (!Make(WS_CHILD | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT, pixels, parent)) return false;
+  Set_Mode(mode);
+  return true;
+}
+
+bool FormWindow::Make(DWORD style, DWORD extended, const RECT& place, HWND parent) {
+  if (!form_->Is_Enabled()) style |= WS_DISABLED;
+  window_ = CreateWindowExW(extended, desk_.form_class.Name(), Wide(form_->Caption()).c_str(),
+                            style | WS_CLIPCHILDREN, place.left, place.top, Width_Of(place),
+                            Height_Of(place), parent, nullptr, This_Module(), this);
+  if (!window_) return false;
+  Make_Controls();
+  return true;
+}
+
+void FormWindow::Make_Controls() {
+  tips_ = std::make_unique<FormTips>(window_);
+  for (const FormControl& control : form_->Controls()) {
+    const HWND parent = Window_For(control.parent);
+    const RECT place = Pixels_In_Parent(*form_, control, desk_.scale);
+    controls_.push_back(std::make_unique<FormControlWindow>(*this, control, parent, place,
+                                                            desk_.frame_class.Name()));
+    FormControlWindow& made = *controls_.back();
+    made.Set_Font(desk_.fonts.Font_For(control.font), desk_.scale.Across(Field_Margin));
+    made.Set_Place(place);
+    if (!control.items.empty()) made.Show_Items(control);
+    if (control.kind == FormControlKind::ComboBox) made.Show_Text(control);
+    if (!control.tip.empty()) tips_->Set(made.Window(), control.tip);
+  }
+}
+
+void FormWindow::Place_Controls() {
+  for (const FormControl& control : form_->Controls()) {
+    FormControlWindow* const one = Control_Named(control.name);
+    if (one) one->Set_Place(Pixels_In_Parent(*form_, control, desk_.scale));
+  }
+}
+
+FormControlWindow* FormWindow::Control_Named(std::string_view name) const {
+  const auto found = std::find_if(controls_.begin(), controls_.end(),
+                                  [&](const auto& one) { return one->Name() == name; });
+  return found == controls_.end() ? nullptr : found->get();
+}
+
+FormControlWindow* FormWindow::Control_At(HWND window) const {
+  const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const auto& one) {
+    return window && (one->Window() == window ||
+                      (IsChild(one->Window(), window) && GetParent(window) == one->Window() &&
+                       (*form_)[one->Name()].kind == FormControlKind::ComboBox));
+  });
+  return found == controls_.end() ? nullptr : found->get();
+}
+
+HWND FormWindow::Window_For(const std::string& parent) const {
+  const FormControlWindow* const frame = Control_Named(parent);
+  return frame ? frame->Window() : window_;
+}
+
+void FormWindow::Show() {
+  if (!window_) return;
+  is_shown_ = true;
+  if (is_child_) {
+    ShowWindow(window_, SW_SHOWNA);
+    return;
+  }
+  ShowWindow(window_, SW_SHOW);
+  SetForegroundWindow(window_);
+}
+
+// The others come back first, so that one of them, and no other program's, gets to the front.
+void FormWindow::Hide() {
+  Enable_Others();
+  is_shown_ = false;
+  if (window_) ShowWindow(window_, SW_HIDE);
+}
+
+void FormWindow::Disable_Others() {
+  EnumThreadWindows(GetCurrentThreadId(), &FormWindow::Note_Other, reinterpret_cast<LPARAM>(this));
+  for (const HWND window : disabled_) EnableWindow(window, FALSE);
+}
+
+BOOL CALLBACK FormWindow::Note_Other(HWND window, LPARAM modal) {
+  auto& form = *reinterpret_cast<FormWindow*>(modal);
+  if (window != form.window_ && IsWindowVisible(window) && IsWindowEnabled(window)) {
+    form.disabled_.push_back(window);
+  }
+  return TRUE;
+}
+
+void FormWindow::Enable_Others() {
+  for (const HWND window : std::exchange(disabled_, {})) {
+    if (IsWindow(window)) EnableWindow(window, TRUE);
+  }
+}
+
+void FormWindow::Move(const ChildPlace& place) {
+  if (!window_) return;
+  SetWindowPos(window_, nullptr, place.left, place.top, place.width, place.height,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// Disabled for the keyboard's sake; the mouse sees through it anyway.
+void FormWindow::Set_Mode(ChildMode mode) {
+  is_inert_ = mode == ChildMode::Inert;
+  if (!window_ || !form_) return;
+  EnableWindow(window_, !is_inert_ && form_->Is_Enabled());
+  tips_->Activate(!is_inert_);
+}
+
+void FormWindow::Repaint() {
+  if (!window_) return;
+  RedrawWindow(window_, nullptr, nullptr,
+               RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+}
+
+void FormWindow::Control_Changed(const FormControl& control, FormChange change) {
+  FormControlWindow* const one = Control_Named(control.name);
+  if (!one || !one->Window()) return;
+  switch (change) {
+    case FormChange::Text:
+      return one->Show_Text(control);
+    case FormChange::Tip:
+      if (tips_) tips_->Set(one->Window(), control.tip);
+      return;
+    case FormChange::Font:
+      return one->Set_Font(desk_.fonts.Font_For(control.font), desk_.scale.Across(Field_Margin));
+    case FormChange::Colours:
+      RedrawWindow(one->Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+      return;
+    case FormChange::Enabled:
+      EnableWindow(one->Window(), control.enabled);
+      return;
+    case FormChange::Visible:
+      ShowWindow(one->Window(), control.visible ? SW_SHOWNA : SW_HIDE);
+      return;
+    case FormChange::Place:
+      return Place_Controls();
+    case FormChange::ReadOnly:
+      return one->Show_Read_Only(control);
+    case FormChange::Items:
+      return one->Show_Items(control);
+    case FormChange::Index:
+      return one->Show_Index(control);
+    case FormChange::Focus:
+      if (IsWindowVisible(window_)) SetFocus(one->Window());
+      return;
+  }
+}
+
+void FormWindow::Form_Changed(FormChange change) {
+  if (!window_) return;
+  if (change == FormChange::Text) {
+    SetWindowTextW(window_, Wide(form_->Caption()).c_str());
+  } else if (change == FormChange::Enabled) {
+    EnableWindow(window_, !is_inert_ && form_->Is_Enabled());
+  } else if (change == FormChange::Place && !is_child_) {
+    const SIZE inner = Pixels_Of(form_->Size(), desk_.scale);
+    RECT outer{0, 0, inner.cx, inner.cy};
+    AdjustWindowRectEx(&outer, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE)), FALSE,
+                       static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)));
+    SetWindowPos(window_, nullptr, 0, 0, Width_Of(outer), Height_Of(outer),
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+}
+
+void FormWindow::Form_Gone() {
+  const Stay stay(*this);
+  Hide();
+  Let_Go();
+  is_ending_ = true;
+}
+
+void FormWindow::Let_Go() {
+  if (!form_) return;
+  form_ = nullptr;
+  desk_.At_End(*this);
+}
+
+void FormWindow::End() {
+  is_ending_ = false;
+  if (window_) DestroyWindow(window_);
+}
+
+// By its parent or its owner, mostly: the form has lost its view, and a window of its own is closed
+// with that.
+void FormWindow::On_Window_Destroyed() {
+  window_ = nullptr;
+  tips_.reset();
+  Enable_Others();
+  is_shown_ = false;
+  Form* const form = form_;
+  if (!form) return;
+  form->Attach(nullptr);
+  Let_Go();
+  if (!is_child_) form->Unload();
+}
+
+}  // namespace quillspeech::windows

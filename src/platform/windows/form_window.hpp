@@ -1,0 +1,136 @@
+// The native window of one form, with its controls.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "platform/form_view.hpp"
+#include "platform/windows/form_classes.hpp"
+#include "platform/windows/form_colours.hpp"
+#include "platform/windows/form_control_window.hpp"
+#include "platform/windows/form_fonts.hpp"
+#include "platform/windows/form_tips.hpp"
+
+namespace quillspeech::windows {
+
+class FormWindow;
+
+// What the windows of one module's forms share. It outlives them.
+struct FormDesk {
+  FormDesk(int dots_per_inch);
+
+  FormScale scale;
+  FormFonts fonts{scale};
+  FormBrushes brushes;
+  WindowClass form_class;
+  WindowClass frame_class;
+  std::function<void()> At_Failure;         // in the handler of what a form's handler threw
+  std::function<void(FormWindow&)> At_End;  // a window has let go of its form
+};
+
+// What whoever embeds a form wants to hear.
+struct FormSignals {
+  std::function<void(bool got)> At_Focus;  // it has come into the form, or left it
+  std::function<void()> At_Paint;          // before the form is painted
+};
+
+class FormWindow final : public FormView, public std::enable_shared_from_this<FormWindow> {
+ public:
+  FormWindow(Form& form, FormDesk& desk);
+  ~FormWindow() override;
+  FormWindow(const FormWindow&) = delete;
+  FormWindow& operator=(const FormWindow&) = delete;
+
+  // False when the system makes no window.
+  bool Make_Top(HWND owner, bool is_modal);
+  bool Make_Child(HWND parent, const ChildPlace& place, ChildMode mode);
+
+  void Show();
+  void Hide();
+  // Keeps the thread's other windows from taking input until the form hides.
+  void Disable_Others();
+  void Move(const ChildPlace& place);
+  void Set_Mode(ChildMode mode);
+  void Repaint();
+  // A key that the form deals with as a dialog does: Tab, Alt and a letter, Enter, Escape. A child
+  // leaves the Tab that goes out of it.
+  bool Translate(MSG& message);
+
+  HWND Window() const { return window_; }
+  Form* Model() const { return form_; }  // null: the form is gone
+  bool Is_Shown() const { return is_shown_; }
+
+  // FormView
+  void Control_Changed(const FormControl& control, FormChange change) override;
+  void Form_Changed(FormChange change) override;
+  void Form_Gone() override;
+
+  // Keeps the window's object, and its native windows, until the message under way is dealt with.
+  class Stay {
+   public:
+    explicit Stay(FormWindow& form);
+    ~Stay();
+    Stay(const Stay&) = delete;
+    Stay& operator=(const Stay&) = delete;
+
+   private:
+    std::shared_ptr<FormWindow> form_;
+  };
+
+  // A message to a control, before the system's own procedure gets it: the answer, or nothing when
+  // that is to have it. `part` is the control's window or, of a combo box, one inside it.
+  std::optional<LRESULT> Handle_Control(FormControlWindow& control, HWND part, UINT message,
+                                        WPARAM wide, LPARAM longer) noexcept;
+
+  static LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
+
+  FormSignals signals;
+
+ private:
+  static BOOL CALLBACK Note_Other(HWND window, LPARAM modal);
+
+  bool Make(DWORD style, DWORD extended, const RECT& place, HWND parent);
+  void Make_Controls();
+  void Place_Controls();
+  FormControlWindow* Control_Named(std::string_view name) const;
+  FormControlWindow* Control_At(HWND window) const;
+  HWND Window_For(const std::string& parent) const;
+
+  std::optional<LRESULT> Handle(HWND window, UINT message, WPARAM wide, LPARAM longer);
+  std::optional<LRESULT> Handle_Drawing(HWND window, UINT message, WPARAM wide, LPARAM longer);
+  std::optional<LRESULT> Handle_Mouse(HWND window, UINT message, LPARAM longer);
+  void On_Command(HWND control, UINT code);
+  void On_Dialog_Command(WORD command);
+  void On_Typed(FormControlWindow& control);
+  LRESULT Colour(HDC device, HWND control);
+  void Draw_Item(const DRAWITEMSTRUCT& item);
+  void Erase(HWND window, HDC device);
+  void Paint(HWND window);
+  void Give_Focus();
+  void Note_Focus(HWND now);
+  void On_Window_Destroyed();
+  std::optional<LRESULT> Handle_Key(FormControlWindow& control, UINT message, WPARAM key);
+  bool Leaves_By_Tab() const;
+  bool Press(unsigned char key);
+  void Enable_Others();
+  void Let_Go();
+  void End();
+
+  Form* form_;
+  FormDesk& desk_;
+  HWND window_ = nullptr;
+  bool is_child_ = false;
+  bool is_inert_ = false;
+  bool is_shown_ = false;
+  bool is_pressed_ = false;  // the mouse went down on the form itself or a frame
+  bool has_focus_ = false;
+  bool is_ending_ = false;  // the native windows go as soon as nothing runs in them
+  int busy_ = 0;
+  std::vector<std::unique_ptr<FormControlWindow>> controls_;
+  std::unique_ptr<FormTips> tips_;
+  std::vector<HWND> disabled_;
+};
+
+}  // namespace quillspeech::windows

@@ -1,0 +1,93 @@
+#include "platform/windows/input_stream.hpp"
+
+#include <algorithm>
+
+namespace quillspeech::windows {
+
+WaveResult InputStream::Open(UINT device, const WaveFormat& format) {
+  constexpr std::uint32_t Buffers_A_Second = 40;
+  Close();
+  const WAVEFORMATEX asked = System_Format(format);
+  HWAVEIN opened = nullptr;
+  if (const MMRESULT wrong = ::waveInOpen(&opened, device, &asked, 0, 0, CALLBACK_NULL)) {
+    return wrong;
+  }
+  device_ = opened;
+  format_ = format;
+  const std::uint32_t blocks = format.samples_per_second / Buffers_A_Second;
+  WaveResult wrong = Give_Out_Buffers(std::size_t{blocks} * format.block_alignment);
+  if (wrong == Wave_Ok) wrong = ::waveInStart(device_);
+  if (wrong != Wave_Ok) Close();
+  return wrong;
+}
+
+WaveResult InputStream::Give_Out_Buffers(std::size_t bytes) {
+  constexpr std::size_t Buffer_Count = 400;
+  next_ = taken_ = 0;
+  buffers_.resize(Buffer_Count);  // they stay where they are until the device is closed
+  for (Buffer& buffer : buffers_) {
+    buffer.bytes.resize(bytes);
+    buffer.header.lpData = reinterpret_cast<LPSTR>(buffer.bytes.data());
+    buffer.header.dwBufferLength = static_cast<DWORD>(bytes);
+    MMRESULT wrong = ::waveInPrepareHeader(device_, &buffer.header, sizeof buffer.header);
+    if (!wrong) wrong = ::waveInAddBuffer(device_, &buffer.header, sizeof buffer.header);
+    if (wrong) return wrong;
+  }
+  return Wave_Ok;
+}
+
+void InputStream::Close() {
+  if (!device_) return;
+  ::waveInReset(device_);
+  for (Buffer& buffer : buffers_) {
+    ::waveInUnprepareHeader(device_, &buffer.header, sizeof buffer.header);
+  }
+  ::waveInClose(device_);
+  device_ = nullptr;
+  buffers_.clear();
+}
+
+// To start what runs already changes nothing, and tells whether there is still a device.
+bool InputStream::Is_Running(const WaveFormat& format) const {
+  return device_ && format == format_ && ::waveInStart(device_) == MMSYSERR_NOERROR;
+}
+
+InputStream::Buffer* InputStream::Next_Done() {
+  if (buffers_.empty()) return nullptr;
+  Buffer& buffer = buffers_[next_];
+  // The device sets the flag on a thread of its own, when all else is written.
+  const DWORD flags = __atomic_load_n(&buffer.header.dwFlags, __ATOMIC_ACQUIRE);
+  return (flags & WHDR_DONE) != 0 ? &buffer : nullptr;
+}
+
+void InputStream::Give_Back(Buffer& buffer) {
+  taken_ = 0;
+  next_ = (next_ + 1) % buffers_.size();
+  ::waveInAddBuffer(device_, &buffer.header, sizeof buffer.header);
+}
+
+std::size_t InputStream::Take(std::uint8_t* bytes, std::size_t most) {
+  std::size_t done = 0;
+  while (done < most) {
+    Buffer* const buffer = Next_Done();
+    if (!buffer) break;
+    const std::size_t rest = buffer->header.dwBytesRecorded - taken_;
+    const std::size_t part = std::min(most - done, rest);
+    std::copy_n(buffer->bytes.data() + taken_, part, bytes + done);
+    taken_ += part;
+    done += part;
+    if (part == rest) Give_Back(*buffer);
+  }
+  return done;
+}
+
+// No further than once round: the device goes on meanwhile.
+void InputStream::Drop() {
+  for (std::size_t seen = 0; seen < buffers_.size(); ++seen) {
+    Buffer* const buffer = Next_Done();
+    if (!buffer) break;
+    Give_Back(*buffer);
+  }
+}
+
+}  // namespace quillspeech::windows

@@ -1,0 +1,52 @@
+#include "platform/windows/sound_cues.hpp"
+
+#include <array>
+#include <cstdint>
+
+#include "base/little_endian.hpp"
+#include "platform/windows/multimedia.hpp"
+#include "platform/windows/riff_file.hpp"
+#include "platform/windows/text.hpp"
+
+namespace quillspeech::windows {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+// How long the sound of a WAV file lasts; 0 when it is none.
+milliseconds Length_Of(const std::string& name) {
+  constexpr std::int64_t Byte_Rate_Offset = 8;
+  const auto file = RiffFiles(NameEncoding::Windows1252).Open(name);
+  const auto riff = file ? file->Descend_To_Form(Four_Characters("WAVE")) : std::nullopt;
+  const auto format = riff ? file->Descend_To_Chunk(Four_Characters("fmt "), *riff) : std::nullopt;
+  std::array<std::uint8_t, Wave_Format_Bytes> bytes{};
+  if (!format || file->Read(bytes.data(), Wave_Format_Bytes) < Wave_Format_Bytes) return {};
+  const auto rate = From_Little_Endian<std::uint32_t>(bytes.data() + Byte_Rate_Offset);
+  if (rate == 0 || !file->Ascend(*format)) return {};
+  const auto data = file->Descend_To_Chunk(Four_Characters("data"), *riff);
+  return milliseconds(data ? std::int64_t{data->size} * 1'000 / rate : 0);
+}
+
+}  // namespace
+
+SoundCues::~SoundCues() {
+  if (Is_Sounding()) Purge();
+}
+
+void SoundCues::Play(const std::string& name, CueMode mode) {
+  constexpr milliseconds Way_Through_The_Device{200};
+  const UINT loop = mode == CueMode::Loop ? SND_LOOP : 0;
+  ends_ = Clock::time_point::min();
+  if (!::sndPlaySoundW(Wide(name).c_str(), SND_ASYNC | SND_NODEFAULT | loop)) return;
+  const milliseconds length = Length_Of(name);
+  if (length.count() == 0) return;
+  ends_ = loop != 0 ? Clock::time_point::max() : Clock::now() + length + Way_Through_The_Device;
+}
+
+void SoundCues::Purge() {
+  ends_ = Clock::time_point::min();
+  ::sndPlaySoundW(nullptr, SND_PURGE);
+}
+
+}  // namespace quillspeech::windows
