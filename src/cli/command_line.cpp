@@ -3,7 +3,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <exception>
-#include <filesystem>
 #include <memory>
 #include <optional>
 
@@ -12,6 +11,7 @@
 #include "cli/devices.hpp"
 #include "cli/evaluate.hpp"
 #include "cli/exit_status.hpp"
+#include "cli/files.hpp"
 #include "cli/host.hpp"
 #include "cli/learn.hpp"
 #include "cli/listen.hpp"
@@ -44,6 +44,7 @@ struct CommandLine {
   explicit CommandLine(Console& console) {
     app.set_version_flag("--version", Version);
     app.require_subcommand(1);
+    app.allow_windows_style_options(false);  // a path may begin with /, and no option does
     app.get_formatter()->label("SUBCOMMAND", "COMMAND");
     app.get_formatter()->label("REQUIRED", "(required)");
     app.footer("quillspeech COMMAND --help tells more of a command; so does man quillspeech.");
@@ -64,7 +65,7 @@ int Run_Parsed(CommandLine& line, Console& console) {
   if (*line.learn_command) return Learn_Word(std::move(line.learn), console);
   if (*line.evaluate_command) return Evaluate_Files(std::move(line.evaluate), console);
   if (*line.listen_command) return Listen(std::move(line.listen), console);
-  if (*line.devices_command) return Tell_Of_Devices(std::move(line.devices), console);
+  if (*line.devices_command) return Tell_Of_Devices(line.devices, console);
   return line.data_exit_status;
 }
 
@@ -95,9 +96,8 @@ int Refuse_Command(const CommandLine& line, const std::string& name, std::ostrea
 std::optional<std::string> File_Taken_For_Option(const Arguments& arguments) {
   for (const std::string& argument : arguments) {
     if (argument == "--") break;
-    std::error_code none;
     if (!argument.starts_with('-') || argument == "-") continue;
-    if (Lower_Case(argument).ends_with(".wav") || std::filesystem::exists(argument, none)) {
+    if (Lower_Case(argument).ends_with(".wav") || File_Exists(argument)) {
       return argument;
     }
   }

@@ -9,7 +9,7 @@
 namespace quillspeech::cli {
 namespace {
 
-using linux::SoundDevice;
+using backend::SoundDevice;
 using Json = nlohmann::ordered_json;
 
 // One way that sound takes: which devices go it, and which of them is the default.

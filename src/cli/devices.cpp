@@ -8,6 +8,7 @@
 #include "cli/input_tap.hpp"
 #include "cli/level_report.hpp"
 #include "cli/live_boxes.hpp"
+#include "cli/live_devices.hpp"
 #include "cli/live_session.hpp"
 
 namespace quillspeech::cli {
@@ -103,7 +104,7 @@ class Watch {
 };
 
 int List_Devices(const DevicesOptions& options, Console& console) {
-  const auto devices = linux::PortAudio().Devices();
+  const auto devices = Sound_Devices();
   console.out << (options.json ? Devices_Json(devices) + "\n"
                                : Device_Lines(devices, console.colour))
               << std::flush;
@@ -112,7 +113,7 @@ int List_Devices(const DevicesOptions& options, Console& console) {
 
 }  // namespace
 
-int Tell_Of_Devices(DevicesOptions options, Console& console) {
+int Tell_Of_Devices(const DevicesOptions& options, Console& console) {
   if (!options.level) {
     const LiveOptions& live = options.live;
     if (live.device.empty() && live.microphone.empty() && !options.duration &&

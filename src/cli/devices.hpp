@@ -17,6 +17,6 @@ struct DevicesOptions {
 CLI::App& Add_Devices_Command(CLI::App& app, DevicesOptions& options);
 
 // Gives an ExitStatus.
-int Tell_Of_Devices(DevicesOptions options, Console& console);
+int Tell_Of_Devices(const DevicesOptions& options, Console& console);
 
 }  // namespace quillspeech::cli

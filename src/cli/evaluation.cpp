@@ -1,18 +1,18 @@
 #include "cli/evaluation.hpp"
 
 #include <algorithm>
-#include <filesystem>
 #include <iomanip>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "base/run_time_failure.hpp"
 #include "base/text.hpp"
+#include "cli/backend.hpp"
+#include "cli/files.hpp"
 #include "cli/report_json.hpp"
 #include "cli/report_text.hpp"
 #include "cli/word_record.hpp"
 #include "datafiles/record_scan.hpp"
-#include "platform/linux/data_file.hpp"
 #include "recognition/like_match.hpp"
 
 namespace quillspeech::cli {
@@ -83,9 +83,8 @@ void Find_Shared_Patterns(const std::string& language_file, std::vector<Answer>&
     if (answer.outcome == Outcome::Wrong) wrong.push_back(&answer);
   }
   if (wrong.empty()) return;
-  std::error_code none;
-  if (!std::filesystem::exists(language_file, none)) Fail(Failure::File_Not_Found);
-  linux::DataFileStore store;
+  if (!File_Exists(language_file)) Fail(Failure::File_Not_Found);
+  backend::DataFileStore store;
   RecordFile file;
   file.Open(store, language_file, datafiles::SayRecord::Record_Bytes);
   const std::int64_t count = file.Record_Count();

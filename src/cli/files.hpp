@@ -24,6 +24,10 @@ std::vector<std::uint8_t> Read_Whole_File(const std::string& name);
 // permissions. A pipe or a device is written as it stands. Throws FileError.
 void Write_Whole_File(const std::string& name, std::span<const std::uint8_t> bytes);
 
+// Whether the name leads to anything.
+bool File_Exists(const std::string& name);
+// Whether it leads to a pipe.
+bool Is_Pipe(const std::string& name);
 // Whether both names lead to one file that is there.
 bool Is_Same_File(const std::string& one, const std::string& other);
 

@@ -1,7 +1,5 @@
 #include "cli/host.hpp"
 
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
 #include <memory>
 
@@ -16,6 +14,8 @@
 namespace quillspeech::cli {
 
 namespace {
+
+constexpr int Standard_Input = 0;
 
 // A failure of a tick has nobody else to go to, and the control goes on.
 void Wait_For_Events(HostControl& host) {
@@ -50,7 +50,7 @@ int Host_Control(const LiveOptions& options, Console& console, int input) {
 }
 
 int Host_Control(const LiveOptions& options, Console& console) {
-  return Host_Control(options, console, STDIN_FILENO);
+  return Host_Control(options, console, Standard_Input);
 }
 
 CLI::App& Add_Host_Command(CLI::App& app, Console& console, int& exit_status) {

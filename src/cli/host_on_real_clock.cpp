@@ -1,23 +1,19 @@
 #include "cli/host_on_real_clock.hpp"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <array>
-#include <cerrno>
 
 namespace quillspeech::cli {
 
 RequestsOnRealClock::RequestsOnRealClock(HostControl& host, int input)
     : events_(*host.Live().Real_Clock()),
-      input_(input),
+      input_(events_, input),
       requests_(host, [this](std::chrono::milliseconds time) { Pass_Time(time); }) {
   run_ = events_.Make_Timer(std::chrono::milliseconds(1), [this] {
     run_->Enable(false);
     requests_.Time_Has_Passed();
     Serve_All();
   });
-  events_.Watch(input_, [this] {
+  input_.Watch([this] {
     Read();
     Serve_All();
   });
@@ -26,10 +22,7 @@ RequestsOnRealClock::RequestsOnRealClock(HostControl& host, int input)
 RequestsOnRealClock::~RequestsOnRealClock() { Close(); }
 
 void RequestsOnRealClock::Read() {
-  std::array<char, 65'536> bytes;
-  const auto count = ::read(input_, bytes.data(), bytes.size());
-  if (count > 0) return lines_.Add({bytes.data(), static_cast<std::size_t>(count)});
-  if (count < 0 && (errno == EINTR || errno == EAGAIN)) return;
+  if (const auto bytes = input_.Read()) return lines_.Add(*bytes);
   lines_.Close();
   Close();
 }
@@ -37,7 +30,7 @@ void RequestsOnRealClock::Read() {
 void RequestsOnRealClock::Close() {
   if (!is_open_) return;
   is_open_ = false;
-  events_.Unwatch(input_);
+  input_.Unwatch();
 }
 
 // The lines behind a run wait until its time has passed.

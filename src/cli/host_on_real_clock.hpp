@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "cli/host_requests.hpp"
+#include "cli/live_input.hpp"
 #include "cli/request_lines.hpp"
 
 namespace quillspeech::cli {
@@ -26,8 +27,8 @@ class RequestsOnRealClock {
   void Serve_All();
   void Pass_Time(std::chrono::milliseconds time);
 
-  linux::EventLoop& events_;
-  int input_;
+  backend::EventLoop& events_;
+  LiveInput input_;
   bool is_open_ = true;
   RequestLines lines_;
   HostRequests requests_;

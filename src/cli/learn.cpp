@@ -1,7 +1,6 @@
 #include "cli/learn.hpp"
 
 #include <CLI/CLI.hpp>
-#include <filesystem>
 #include <limits>
 #include <optional>
 #include <sstream>
@@ -9,12 +8,13 @@
 
 #include "base/run_time_failure.hpp"
 #include "base/text.hpp"
+#include "cli/backend.hpp"
 #include "cli/batch.hpp"
 #include "cli/exit_status.hpp"
+#include "cli/files.hpp"
 #include "cli/option_checks.hpp"
 #include "cli/word_record.hpp"
 #include "core/results_view.hpp"
-#include "platform/linux/data_file.hpp"
 
 namespace quillspeech::cli {
 
@@ -133,7 +133,7 @@ class Lesson {
  private:
   const LearnOptions& options_;
   std::string word_;
-  linux::DataFileStore store_{linux::DataFileStore::Locking::Held};
+  backend::DataFileStore store_{backend::DataFileStore::Locking::Held};
   RecordFile file_;
   FoundRecord found_;
   int added_ = 0;
@@ -186,9 +186,8 @@ bool Teach(const LearnOptions& options, const std::string& word, std::vector<Hea
 bool Is_Record_In_Reach(const LearnOptions& options, std::ostream& err) {
   const std::string& name = options.run.language;
   std::int64_t next = 1;
-  std::error_code none;
-  if (options.record > 0 && std::filesystem::exists(name, none)) {
-    linux::DataFileStore store;
+  if (options.record > 0 && File_Exists(name)) {
+    backend::DataFileStore store;
     RecordFile file;
     file.Open(store, name, datafiles::SayRecord::Record_Bytes);
     next = file.Record_Count() + 1;

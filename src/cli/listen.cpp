@@ -1,7 +1,5 @@
 #include "cli/listen.hpp"
 
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
 #include <chrono>
 #include <utility>
@@ -34,6 +32,8 @@ CLI::App& Add_Listen_Command(CLI::App& app, ListenOptions& options) {
 }
 
 namespace {
+
+constexpr int Standard_Input = 0;
 
 // The box of a capture that finds no device.
 bool Tells_Of_No_Device(const MessageBox& box) {
@@ -96,7 +96,7 @@ int Listen(ListenOptions options, Console& console) {
       options.json ? Make_Json_Report(session, console) : Make_Text_Report(session, console);
   Listener listener(session, live.Events(), console);
   Set_Up(options.run, listener.Control());
-  if (live.Real_Clock()) boxes.Ask_On(*live.Real_Clock(), STDIN_FILENO);
+  if (live.Real_Clock()) boxes.Ask_On(*live.Real_Clock(), Standard_Input);
   boxes.Is_Over = [&] { return listener.Is_Over(); };
   boxes.Tell = [&](const MessageBox& box, BoxAnswer answer) {
     report->Box(box, answer, listener.Since_Start());

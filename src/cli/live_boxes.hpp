@@ -21,7 +21,7 @@ class LiveBoxes final : public MessageBoxes {
 
   // From now on the session goes on while a question waits for its line, which comes from that
   // descriptor and no longer from the console. Both outlive the questions.
-  void Ask_On(linux::EventLoop& events, int input) { lines_.emplace(events, input); }
+  void Ask_On(backend::EventLoop& events, int input) { lines_.emplace(events, input); }
 
   // Told of each box with its answer; while it is not set, boxes go unseen and questions get a No.
   std::function<void(const MessageBox&, BoxAnswer)> Tell;

@@ -1,10 +1,5 @@
 #include "cli/live_lines.hpp"
 
-#include <unistd.h>
-
-#include <array>
-#include <cerrno>
-
 namespace quillspeech::cli {
 
 // While one of these lives the descriptor is watched, unless it has ended.
@@ -12,10 +7,10 @@ class LiveLines::Watch {
  public:
   explicit Watch(LiveLines& lines) : lines_(lines) {
     if (lines_.waits_++ > 0 || lines_.has_ended_) return;
-    lines_.events_.Watch(lines_.input_, [&kept = lines_] { kept.Read(); });
+    lines_.input_.Watch([&kept = lines_] { kept.Read(); });
   }
   ~Watch() {
-    if (--lines_.waits_ == 0) lines_.events_.Unwatch(lines_.input_);
+    if (--lines_.waits_ == 0) lines_.input_.Unwatch();
   }
   Watch(const Watch&) = delete;
   Watch& operator=(const Watch&) = delete;
@@ -34,13 +29,10 @@ std::optional<std::string> LiveLines::Next(const std::function<bool()>& is_over)
 }
 
 void LiveLines::Read() {
-  std::array<char, 4096> bytes;
-  const auto count = ::read(input_, bytes.data(), bytes.size());
-  if (count > 0) return lines_.Add({bytes.data(), static_cast<std::size_t>(count)});
-  if (count < 0 && (errno == EINTR || errno == EAGAIN)) return;
+  if (const auto bytes = input_.Read()) return lines_.Add(*bytes);
   has_ended_ = true;
   lines_.Close();
-  events_.Unwatch(input_);
+  input_.Unwatch();
 }
 
 }  // namespace quillspeech::cli

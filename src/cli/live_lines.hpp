@@ -5,15 +5,15 @@
 #include <optional>
 #include <string>
 
+#include "cli/live_input.hpp"
 #include "cli/request_lines.hpp"
-#include "platform/linux/event_loop.hpp"
 
 namespace quillspeech::cli {
 
 class LiveLines {
  public:
   // Reads the descriptor, and only while a line is waited for. It and the loop outlive this.
-  LiveLines(linux::EventLoop& events, int input) : events_(events), input_(input) {}
+  LiveLines(backend::EventLoop& events, int input) : events_(events), input_(events, input) {}
   LiveLines(const LiveLines&) = delete;
   LiveLines& operator=(const LiveLines&) = delete;
 
@@ -26,8 +26,8 @@ class LiveLines {
   class Watch;
   void Read();
 
-  linux::EventLoop& events_;
-  int input_;
+  backend::EventLoop& events_;
+  LiveInput input_;
   RequestLines lines_;
   int waits_ = 0;
   bool has_ended_ = false;

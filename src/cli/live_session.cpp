@@ -4,11 +4,8 @@
 #include <utility>
 
 #include "cli/files.hpp"
+#include "cli/live_devices.hpp"
 #include "cli/telling_output.hpp"
-#include "platform/linux/port_audio.hpp"
-#include "platform/linux/sound_cues.hpp"
-#include "platform/linux/wave_input.hpp"
-#include "platform/linux/wave_output.hpp"
 #include "platform/pcm.hpp"
 
 namespace quillspeech::cli {
@@ -16,7 +13,7 @@ namespace quillspeech::cli {
 // Cues that are told of before they sound, on a device or nowhere.
 class LiveSession::Cues final : public SoundCues {
  public:
-  Cues(const LiveSession& session, std::unique_ptr<linux::SoundCues> device)
+  Cues(const LiveSession& session, std::unique_ptr<backend::SoundCues> device)
       : session_(session), device_(std::move(device)) {}
 
   void Play(const std::string& name, CueMode mode) override {
@@ -35,7 +32,7 @@ class LiveSession::Cues final : public SoundCues {
   }
 
   const LiveSession& session_;
-  std::unique_ptr<linux::SoundCues> device_;
+  std::unique_ptr<backend::SoundCues> device_;
 };
 
 EventLoop::Time Play_Into_Microphone(headless::SoundCard& card, const std::string& file,
@@ -64,7 +61,7 @@ void LiveSession::Make_Clock(ClockKind kind) {
     virtual_clock_ = clock.get();
     events_ = std::move(clock);
   } else {
-    auto clock = std::make_unique<linux::EventLoop>();
+    auto clock = std::make_unique<backend::EventLoop>();
     real_clock_ = clock.get();
     events_ = std::move(clock);
   }
@@ -77,10 +74,10 @@ void LiveSession::Make_Devices(const LiveOptions& options) {
     cues_ = std::make_unique<Cues>(*this, nullptr);
     return Play_Clips(options.microphone);
   }
-  const auto audio = std::make_shared<const linux::PortAudio>();
-  wave_input_ = std::make_unique<linux::WaveInput>(*events_, audio, options.device);
-  wave_output_ = std::make_unique<linux::WaveOutput>(*events_, audio);
-  cues_ = std::make_unique<Cues>(*this, std::make_unique<linux::SoundCues>(audio));
+  LiveDevices devices = Make_Live_Devices(*real_clock_, options.device);
+  wave_input_ = std::move(devices.input);
+  wave_output_ = std::move(devices.output);
+  cues_ = std::make_unique<Cues>(*this, std::move(devices.cues));
 }
 
 void LiveSession::Play_Clips(const std::vector<MicrophoneClip>& clips) {

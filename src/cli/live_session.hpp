@@ -10,13 +10,11 @@
 #include <string>
 #include <vector>
 
+#include "cli/backend.hpp"
 #include "platform/headless/event_loop.hpp"
 #include "platform/headless/host_program.hpp"
 #include "platform/headless/shell.hpp"
 #include "platform/headless/sound_card.hpp"
-#include "platform/linux/data_file.hpp"
-#include "platform/linux/event_loop.hpp"
-#include "platform/linux/riff_file.hpp"
 #include "platform/message_boxes.hpp"
 #include "platform/sound_cues.hpp"
 #include "session/session.hpp"
@@ -55,7 +53,7 @@ class LiveSession {
   TimedLoop& Events() const { return *events_; }
   // Each is null where the other kind of clock, or a real device, is in use.
   headless::EventLoop* Virtual_Clock() const { return virtual_clock_; }
-  linux::EventLoop* Real_Clock() const { return real_clock_; }
+  backend::EventLoop* Real_Clock() const { return real_clock_; }
   headless::SoundCard* Card() const { return card_.get(); }
   // When the last clip of the options has been heard.
   EventLoop::Time Clips_End() const { return clips_end_; }
@@ -76,15 +74,15 @@ class LiveSession {
 
   std::unique_ptr<TimedLoop> events_;
   headless::EventLoop* virtual_clock_ = nullptr;
-  linux::EventLoop* real_clock_ = nullptr;
+  backend::EventLoop* real_clock_ = nullptr;
   std::unique_ptr<headless::SoundCard> card_;
   EventLoop::Time clips_end_{0};
   std::unique_ptr<WaveInput> wave_input_;  // of a real device, like the two below
   std::unique_ptr<WaveOutput> wave_output_;
   std::unique_ptr<WaveOutput> telling_output_;  // in front of the output in use
   std::unique_ptr<Cues> cues_;
-  linux::RiffFiles riff_files_;
-  linux::DataFileStore data_files_;
+  backend::RiffFiles riff_files_;
+  backend::DataFileStore data_files_;
 
   void Make_Clock(ClockKind kind);
   void Make_Devices(const LiveOptions& options);

@@ -2,8 +2,6 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdint>
-#include <filesystem>
-#include <system_error>
 #include <vector>
 
 #include "cli/files.hpp"
@@ -56,8 +54,7 @@ bool Prepare_To_Report(const ReportOptions& options, RunOptions& run, std::ostre
 std::optional<std::string> Draw_Graph(const ReportOptions& options, const RecognitionRun& run) {
   if (options.graph.empty()) return std::nullopt;
   if (!run.Graph()) return "no graph was drawn for " + options.graph;
-  std::error_code none;
-  if (std::filesystem::is_fifo(options.graph, none)) {
+  if (Is_Pipe(options.graph)) {
     return options.graph + ": is a pipe, not a file";  // an interrupt could not end the wait for it
   }
   const std::string svg = Graph_Svg(*run.Graph(), run.File());

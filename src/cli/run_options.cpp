@@ -2,13 +2,13 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <filesystem>
 #include <memory>
 #include <thread>
 
 #include "audio/live_capture.hpp"
 #include "base/run_time_failure.hpp"
 #include "base/text.hpp"
+#include "cli/files.hpp"
 #include "cli/option_checks.hpp"
 #include "cli/session_on_files.hpp"
 #include "core/settings_table.hpp"
@@ -193,8 +193,7 @@ bool Check_Setting(Trial& trial, const std::string& name, const std::string& tex
 }
 
 void Note_Missing_File(const std::string& name, const char* kind, std::ostream& err) {
-  std::error_code none;
-  if (name.empty() || std::filesystem::exists(name, none)) return;
+  if (name.empty() || File_Exists(name)) return;
   err << "quillspeech: note: there is no " << kind << " file " << name
       << "; the recogniser creates it empty\n";
 }
@@ -276,7 +275,7 @@ std::vector<std::string> Nearest_Settings(const std::string& name) {
   if (by_distance.size() > Most_Names) by_distance.resize(Most_Names);
   std::vector<std::string> names;
   names.reserve(by_distance.size());
-  for (auto& [distance, near] : by_distance) names.push_back(std::move(near));
+  for (auto& [distance, candidate] : by_distance) names.push_back(std::move(candidate));
   return names;
 }
 

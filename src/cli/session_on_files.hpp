@@ -1,6 +1,7 @@
 // A session that reads and writes the files of this system, and has no screen and no devices.
 #pragma once
 
+#include "cli/backend.hpp"
 #include "platform/headless/event_loop.hpp"
 #include "platform/headless/host_program.hpp"
 #include "platform/headless/message_boxes.hpp"
@@ -8,8 +9,6 @@
 #include "platform/headless/sound_cues.hpp"
 #include "platform/headless/wave_input.hpp"
 #include "platform/headless/wave_output.hpp"
-#include "platform/linux/data_file.hpp"
-#include "platform/linux/riff_file.hpp"
 #include "session/session.hpp"
 
 namespace quillspeech::cli {
@@ -21,10 +20,10 @@ struct SessionOnFiles {
   headless::HostProgram host;
   headless::SoundCues cues;
   headless::Shell shell;
-  linux::RiffFiles riff_files;
+  backend::RiffFiles riff_files;
   headless::NoWaveInput wave_input;
   headless::WaveOutput wave_output;
-  linux::DataFileStore data_files;
+  backend::DataFileStore data_files;
   Session session{
       Ports{events, boxes, host, cues, shell, riff_files, wave_input, wave_output, data_files}};
 };

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <ostream>
 #include <span>
@@ -90,9 +89,7 @@ SettingsRecord Load_Settings_Record(const std::string& file) {
   ControlInstance nobody;
   Load_Settings(file, bag, loaded->session, nobody);
   const Settings& settings = loaded->session.settings;
-  std::error_code none;
-  const bool names_language =
-      std::filesystem::exists(settings.Consider_this_Lang_File_to_match, none);
+  const bool names_language = File_Exists(settings.Consider_this_Lang_File_to_match);
   return {settings, names_language, bag.Unknown_Keys(), bag};
 }
 

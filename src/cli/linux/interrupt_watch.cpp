@@ -1,4 +1,4 @@
-#include "cli/interrupt_watch.hpp"
+#include "cli/linux/interrupt_watch.hpp"
 
 #include <poll.h>
 #include <pthread.h>

@@ -1,0 +1,85 @@
+#include "cli/windows/input_reader.hpp"
+
+#include <io.h>
+
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+#include "platform/windows/windows_api.hpp"
+
+namespace quillspeech::cli {
+
+struct InputReader::Shared {
+  std::mutex mutex;
+  std::condition_variable changed;
+  HANDLE input = nullptr;
+  std::function<void()> arrived;
+  std::string block;  // empty: none waits to be taken
+  bool has_ended = false;
+  bool is_left = false;  // the reader is gone
+};
+
+namespace {
+
+// Nothing at the end. On a console that is a line that begins with Ctrl-Z.
+std::optional<std::string> Read_Block(HANDLE input) {
+  constexpr char Console_End = '\x1a';
+  std::string bytes(65'536, '\0');
+  DWORD count = 0;
+  if (!::ReadFile(input, bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr)) {
+    return std::nullopt;
+  }
+  bytes.resize(count);
+  const bool is_console = ::GetFileType(input) == FILE_TYPE_CHAR;
+  if (bytes.empty() || (is_console && bytes.front() == Console_End)) return std::nullopt;
+  return bytes;
+}
+
+}  // namespace
+
+InputReader::InputReader(int descriptor) : shared_(std::make_shared<Shared>()) {
+  shared_->input = reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor));
+  std::thread([shared = shared_] { Run(shared); }).detach();
+}
+
+InputReader::~InputReader() {
+  const std::lock_guard lock(shared_->mutex);
+  shared_->is_left = true;
+  shared_->arrived = nullptr;
+  shared_->changed.notify_all();
+}
+
+void InputReader::Run(const std::shared_ptr<Shared>& shared) {
+  for (;;) {
+    auto block = Read_Block(shared->input);
+    std::unique_lock lock(shared->mutex);
+    if (shared->is_left) return;
+    shared->has_ended = !block;
+    if (block) shared->block = std::move(*block);
+    if (shared->arrived) shared->arrived();
+    if (!block) return;
+    shared->changed.wait(lock, [&] { return shared->block.empty() || shared->is_left; });
+  }
+}
+
+void InputReader::At_Arrival(std::function<void()> arrived) {
+  const std::lock_guard lock(shared_->mutex);
+  shared_->arrived = std::move(arrived);
+}
+
+bool InputReader::Is_Ready() const {
+  const std::lock_guard lock(shared_->mutex);
+  return !shared_->block.empty() || shared_->has_ended;
+}
+
+std::optional<std::string> InputReader::Take() {
+  const std::lock_guard lock(shared_->mutex);
+  if (shared_->block.empty() && shared_->has_ended) return std::nullopt;
+  shared_->changed.notify_all();
+  return std::exchange(shared_->block, {});
+}
+
+}  // namespace quillspeech::cli
