@@ -1,0 +1,80 @@
+#include "activex/class_factory.hpp"
+
+#include <algorithm>
+#include <new>
+
+#include "activex/control_object.hpp"
+#include "activex/errors.hpp"
+#include "activex/guids.hpp"
+#include "activex/module.hpp"
+#include "activex/property_page.hpp"
+
+namespace quillspeech::activex {
+namespace {
+
+constexpr const GUID* Pages[] = {
+    &CLSID_StartingKeys,       &CLSID_InterestingSettings, &CLSID_WindowsTechnicalSettings,
+    &CLSID_LanguageDepartment, &CLSID_WaveAudioDepartment, &CLSID_ErrorDepartment,
+    &CLSID_SoundCardSettings,  &CLSID_EngineDepartment,
+};
+
+bool Is_Page(REFCLSID class_id) {
+  return std::ranges::any_of(Pages, [&](const GUID* page) { return *page == class_id; });
+}
+
+class ClassFactory final : public IClassFactory {
+ public:
+  explicit ClassFactory(REFCLSID class_id) : class_(class_id) {}
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+    if (!object) return E_POINTER;
+    *object = nullptr;
+    if (iid != IID_IUnknown && iid != IID_IClassFactory) return E_NOINTERFACE;
+    AddRef();
+    *object = static_cast<IClassFactory*>(this);
+    return S_OK;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override {
+    return static_cast<ULONG>(::InterlockedIncrement(&references_));
+  }
+  ULONG STDMETHODCALLTYPE Release() override {
+    const LONG left = ::InterlockedDecrement(&references_);
+    if (left == 0) delete this;
+    return static_cast<ULONG>(left);
+  }
+
+  // An outer object gets hold of the inner one's own IUnknown first, and of nothing else.
+  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
+    if (!object) return E_POINTER;
+    *object = nullptr;
+    if (outer && iid != IID_IUnknown) return CLASS_E_NOAGGREGATION;
+    return Guarded([&] {
+      if (class_ == CLSID_Quillspeech) return Make_Control(outer, iid, object);
+      return Make_Property_Page(class_, outer, iid, object);
+    });
+  }
+  HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
+    Module& module = Module::Of_This_File();
+    lock ? module.Add_Object() : module.Remove_Object();
+    return S_OK;
+  }
+
+ private:
+  ~ClassFactory() = default;
+
+  const CLSID class_;
+  LONG references_ = 0;
+  CountedObject counted_;
+};
+
+}  // namespace
+
+HRESULT Make_Class_Factory(REFCLSID class_id, REFIID iid, void** object) {
+  if (!object) return E_POINTER;
+  *object = nullptr;
+  if (class_id != CLSID_Quillspeech && !Is_Page(class_id)) return CLASS_E_CLASSNOTAVAILABLE;
+  const ComPtr<IClassFactory> factory(new (std::nothrow) ClassFactory(class_id));
+  return factory ? factory->QueryInterface(iid, object) : E_OUTOFMEMORY;
+}
+
+}  // namespace quillspeech::activex

@@ -1,0 +1,45 @@
+// How one control comes by its settings and gives them to its container, for all of the interfaces
+// that persist.
+#pragma once
+
+#include <optional>
+
+#include "activex/change_notices.hpp"
+#include "activex/com.hpp"
+#include "activex/control_access.hpp"
+#include "core/persistence.hpp"
+
+namespace quillspeech::activex {
+
+// A control that has ended answers RPC_E_DISCONNECTED. Run-time failures are told (errors.hpp).
+class ControlRecord {
+ public:
+  ControlRecord(ControlAccess& access, ChangeNotices& notices)
+      : access_(access), notices_(notices) {}
+
+  // A new control, once: CO_E_ALREADYINITIALIZED afterwards.
+  HRESULT Initialise();
+  HRESULT Load(PropertyBag& bag);
+  HRESULT Save(PropertyBag& bag);
+  // The most bytes that a save into a stream takes now.
+  HRESULT Most_Bytes(std::uint64_t& bytes);
+
+  // Whether settings were changed since they were loaded or saved last.
+  bool Is_Dirty() const { return is_dirty_; }
+  void Touch() { is_dirty_ = true; }
+  // The container has the record safe.
+  void Is_Kept() { is_dirty_ = false; }
+  // The same, and whoever wants to know is told.
+  void Is_Saved(bool clear_dirty);
+
+ private:
+  ControlAccess& access_;
+  ChangeNotices& notices_;
+  bool is_dirty_ = false;
+  bool has_begun_ = false;  // initialised or loaded
+};
+
+// The class of the control, as IPersist gives it.
+HRESULT Give_Class(CLSID* id);
+
+}  // namespace quillspeech::activex

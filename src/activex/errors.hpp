@@ -1,0 +1,46 @@
+// How failures reach a caller: a code, and an error object that tells in words.
+#pragma once
+
+#include "activex/com.hpp"
+#include "base/run_time_failure.hpp"
+
+namespace quillspeech::activex {
+
+// The codes of run-time failures: 0x800A0000 plus the number.
+constexpr HRESULT Code_Of(int number) {
+  return static_cast<HRESULT>(0x800A0000u + static_cast<unsigned>(number));
+}
+// Whether the code is one of them.
+constexpr bool Is_Failure_Number(HRESULT code) {
+  return (static_cast<unsigned>(code) & 0xFFFF0000u) == 0x800A0000u;
+}
+
+// Leaves an error object for the thread, with source "Quillspeech" and the words that hosts have
+// for the number ("Subscript out of range" for 9); gives the code.
+HRESULT Tell_Failure(int number) noexcept;
+
+// The same for a caller of IDispatch::Invoke, who may have no room for it. Gives DISP_E_EXCEPTION.
+HRESULT Tell_Exception(HRESULT code, EXCEPINFO* exception) noexcept;
+
+// Runs what a host has called. No exception gets out, and a run-time failure is its code; lack of
+// memory is failure 7, and anything else 5.
+template <class Call>
+HRESULT Coded(Call&& call) noexcept {
+  try {
+    return call();
+  } catch (...) {
+    return Code_Of(Current_Failure_Number());
+  }
+}
+
+// The same, and what was thrown is told as above.
+template <class Call>
+HRESULT Guarded(Call&& call) noexcept {
+  try {
+    return call();
+  } catch (...) {
+    return Tell_Failure(Current_Failure_Number());
+  }
+}
+
+}  // namespace quillspeech::activex

@@ -1,0 +1,96 @@
+#include "activex/in_place_window.hpp"
+
+#include "activex/control_extent.hpp"
+
+namespace quillspeech::activex {
+namespace {
+
+ChildPlace Child_Place(const RECT& place) {
+  return {static_cast<int>(place.left), static_cast<int>(place.top),
+          static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top)};
+}
+
+}  // namespace
+
+InPlaceWindow::InPlaceWindow(windows::FormViews& views, Form& face, Listener& listener)
+    : views_(views), face_(face), listener_(std::make_shared<Listener*>(&listener)) {}
+
+InPlaceWindow::~InPlaceWindow() {
+  *listener_ = nullptr;
+  Close();
+}
+
+HWND InPlaceWindow::Handle() const { return reinterpret_cast<HWND>(views_.Window_Of(face_)); }
+
+RECT InPlaceWindow::Place_At(const RECT& position) const {
+  const SIZE size = Own_Size(views_.Dots_Per_Inch());
+  return {position.left, position.top, position.left + size.cx, position.top + size.cy};
+}
+
+// The signals may end the window and themselves with it, so they hold on to whom they tell.
+bool InPlaceWindow::Open(HWND parent, const RECT& position, ChildMode mode) {
+  views_.Make_Child(face_, reinterpret_cast<std::intptr_t>(parent), Child_Place(Place_At(position)),
+                    mode);
+  if (!Is_Open()) return false;
+  const auto got_focus = [listener = listener_](bool got) {
+    const auto held = listener;
+    if (*held) (*held)->On_Focus(got);
+  };
+  const auto paints = [listener = listener_] {
+    const auto held = listener;
+    if (*held) (*held)->On_Paint();
+  };
+  views_.Set_Signals(face_, {got_focus, paints});
+  return true;
+}
+
+void InPlaceWindow::Close() {
+  if (Is_Open()) views_.Set_Signals(face_, {});
+  face_.Unload();
+}
+
+void InPlaceWindow::Set_Mode(ChildMode mode) { views_.Set_Child_Mode(face_, mode); }
+
+void InPlaceWindow::Show(bool visible) {
+  if (!Is_Open()) return;
+  if (visible) {
+    views_.Show(face_, Modality::None);
+  } else {
+    if (Has_Focus()) SetFocus(GetParent(Handle()));
+    views_.Hide(face_);
+  }
+}
+
+void InPlaceWindow::Repaint() { views_.Repaint(face_); }
+
+void InPlaceWindow::Place(const RECT& position, const RECT& clip) {
+  const RECT place = Place_At(position);
+  views_.Move_Child(face_, Child_Place(place));
+  RECT seen = {};
+  IntersectRect(&seen, &place, &clip);
+  HRGN region = nullptr;  // all of it
+  if (!EqualRect(&seen, &place)) {
+    OffsetRect(&seen, -place.left, -place.top);
+    region = CreateRectRgnIndirect(&seen);
+  }
+  SetWindowRgn(Handle(), region, TRUE);
+}
+
+bool InPlaceWindow::Has_Focus() const {
+  const HWND window = Handle();
+  const HWND now = GetFocus();
+  return window && (now == window || IsChild(window, now));
+}
+
+void InPlaceWindow::Take_Focus(Entry entry) {
+  const HWND window = Handle();
+  if (!window || Has_Focus()) return;
+  HWND to = window;
+  if (entry != Entry::By_Itself) to = GetNextDlgTabItem(window, nullptr, FALSE);
+  if (entry == Entry::Last) to = GetNextDlgTabItem(window, to, TRUE);
+  SetFocus(to ? to : window);
+}
+
+bool InPlaceWindow::Take_Key(MSG& message) { return views_.Translate(face_, message); }
+
+}  // namespace quillspeech::activex
