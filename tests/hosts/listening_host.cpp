@@ -1,0 +1,185 @@
+// A container with a microphone, which prints what it hears of the control.
+//
+//   listening_host words LANGUAGE ENGINE   until two words were heard, or for a minute and a half
+//   listening_host cost SECONDS            what the control takes of a core, at rest and listening
+//   listening_host close                   closes its window in the midst of a recording
+#include "platform/windows/windows_api.hpp"
+//
+#include <shellapi.h>
+
+#include <cstdio>
+#include <exception>
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+
+#include "examples/control/event_sink.hpp"
+#include "examples/control/late_binding.hpp"
+#include "tests/hosts/atl_host.hpp"
+
+namespace quillspeech::tests {
+namespace {
+
+using example::EventConnection;
+using example::LateBound;
+
+void Tell(const std::wstring& event, const std::wstring& argument) {
+  std::printf("%ls %ls\n", event.c_str(), argument.c_str());
+  std::fflush(stdout);
+}
+
+std::map<UINT_PTR, std::function<void()>>& Waiting() {
+  static std::map<UINT_PTR, std::function<void()>> actions;
+  return actions;
+}
+
+void CALLBACK Come_Due(HWND, UINT, UINT_PTR id, DWORD) {
+  KillTimer(nullptr, id);
+  const auto action = Waiting().extract(id);
+  if (action) action.mapped()();
+}
+
+// From the message loop that runs then: while the control records, that is its own.
+void Do_After(UINT milliseconds, std::function<void()> action) {
+  Waiting()[SetTimer(nullptr, 0, milliseconds, Come_Due)] = std::move(action);
+}
+
+// Without looking after it more often than messages come.
+void Wait_For(const bool& is_done) {
+  while (!is_done) {
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, INFINITE, QS_ALLINPUT);
+    Handle_Messages();
+  }
+}
+
+void Hear_Words(const std::wstring& language, const std::wstring& engine) {
+  AtlHost host("");
+  const LateBound members(host.Control().Get());
+  members.Set(L"Consider_this_Lang_File_to_match", language);
+  members.Set(L"Consider_this_Engine_for_Recognition", engine);
+  members.Set(L"Sample_processing_resolution", 400);
+  // So long that no capture ends during the test: a word that is heard just then would wait.
+  members.Set(L"Speech_sampling_time_in_ms", 20'000);
+  int words = 0;
+  bool is_done = false;
+  const auto stop = [&] {
+    if (!is_done) members.Call(L"Stop_Real_Action");
+    is_done = true;
+  };
+  std::wstring status;
+  const EventConnection connection(*host.Control(),
+                                   [&](const std::wstring& event, const std::wstring& argument) {
+                                     if (event.starts_with(L"PropertyStatus")) {
+                                       const std::wstring now = members.Text(L"Operation_Status");
+                                       if (now != status) Tell(L"status", status = now);
+                                       return;
+                                     }
+                                     Tell(event, argument);
+                                     if (event.starts_with(L"SpokenWordConverted") && ++words == 2)
+                                       Do_After(100, stop);
+                                   });
+  members.Call(L"Start_Real_Action");
+  Do_After(90'000, stop);
+  Wait_For(is_done);
+  Tell(L"done", L"");
+}
+
+// Of this process, in the kernel and outside, in ms.
+double Processor_Time() {
+  FILETIME made, ended, kernel, user;
+  GetProcessTimes(GetCurrentProcess(), &made, &ended, &kernel, &user);
+  const auto milliseconds = [](const FILETIME& time) {
+    return (time.dwHighDateTime * 4294967296.0 + time.dwLowDateTime) / 10'000;
+  };
+  return milliseconds(kernel) + milliseconds(user);
+}
+
+void Measure(const std::string& name, UINT seconds, std::function<void()> then) {
+  const double before = Processor_Time();
+  const DWORD begun = GetTickCount();
+  Do_After(seconds * 1000, [=] {
+    const double took = Processor_Time() - before;
+    const DWORD passed = GetTickCount() - begun;
+    std::printf("%s %.1f percent of a core in %lu ms\n", name.c_str(), 100 * took / passed, passed);
+    std::fflush(stdout);
+    then();
+  });
+}
+
+void Measure_Cost(UINT seconds) {
+  AtlHost host("");
+  const LateBound members(host.Control().Get());
+  bool is_done = false;
+  const auto stop = [&] {
+    members.Call(L"Stop_Real_Action");
+    is_done = true;
+  };
+  const auto listen = [&] {
+    const bool listens = members.Text(L"Operation_Status") == L"Alert";
+    Measure(listens ? "listening" : "not listening", seconds, stop);
+  };
+  const auto start = [&] {
+    members.Call(L"Start_Real_Action");
+    Do_After(2000, listen);
+  };
+  Do_After(1000, [&] { Measure("idle", seconds, start); });
+  Wait_For(is_done);
+}
+
+// The container closes while a recording waits for its end, further up the stack.
+void Close_While_Recording() {
+  AtlHost host("");
+  bool is_done = false;
+  int looks = 0;
+  std::function<void()> look = [&] {
+    auto* const ask = reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleW(L"Quillspeech.ocx"), "DllCanUnloadNow")));
+    is_done = ask && ask() == S_OK;
+    if (!is_done && ++looks < 50) return Do_After(100, look);
+    std::printf(is_done ? "nothing is left\n" : "something is left\n");
+    is_done = true;
+  };
+  const auto close = [&] {
+    const bool records = LateBound(host.Control().Get()).Text(L"Operation_Status") == L"Alert";
+    host.Close();
+    std::printf(records ? "closed while recording\n" : "no recording\n");
+    look();
+  };
+  LateBound(host.Control().Get()).Call(L"Start_Real_Action");
+  Do_After(2000, close);
+  Wait_For(is_done);
+}
+
+int Run(int count, wchar_t** arguments) {
+  const std::wstring command = count > 1 ? arguments[1] : L"";
+  if (command == L"words" && count == 4) {
+    Hear_Words(arguments[2], arguments[3]);
+  } else if (command == L"cost" && count == 3) {
+    Measure_Cost(static_cast<UINT>(std::stoul(arguments[2])));
+  } else if (command == L"close") {
+    Close_While_Recording();
+  } else {
+    return 2;
+  }
+  return 0;
+}
+
+}  // namespace
+}  // namespace quillspeech::tests
+
+int main() {
+  int count = 0;
+  wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
+  OleInitialize(nullptr);
+  int status = 1;
+  try {
+    status = quillspeech::tests::Run(count, arguments);
+  } catch (const example::CallFailed& failure) {
+    std::printf("failed: %ls\n", failure.description.c_str());
+  } catch (const std::exception& failure) {
+    std::printf("failed: %s\n", failure.what());
+  }
+  OleUninitialize();
+  return status;
+}
