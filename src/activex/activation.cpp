@@ -4,6 +4,7 @@
 
 #include "activex/errors.hpp"
 #include "activex/module.hpp"
+#include "activex/ole_in_place_active_object.hpp"
 #include "core/control.hpp"
 
 namespace quillspeech::activex {
@@ -17,10 +18,13 @@ InPlaceWindow::Entry Entry_By(const MSG* cause) {
 
 }  // namespace
 
-Activation::Activation(IUnknown& whole, ControlAccess& access, ControlSite& site, Form& face)
+Activation::Activation(IUnknown& whole, ControlAccess& access, ControlSite& site, ShownMode& shown,
+                       Form& face, OleInPlaceActiveObject& active_object)
     : whole_(whole),
       access_(access),
       site_(site),
+      shown_(shown),
+      active_object_(active_object),
       window_(Module::Of_This_File().Views(), face, *this) {}
 
 ChildMode Activation::Mode() const {
@@ -28,28 +32,31 @@ ChildMode Activation::Mode() const {
 }
 
 HRESULT Activation::Activate_In_Place(IOleClientSite* with_verb) {
+  const ComPtr<IUnknown> whole(&whole_);
+  if (state_ == State::Opening) return S_OK;
+  if (!window_.Is_Open()) Deactivate_In_Place();  // the window went with its parent
   if (Is_In_Place()) {
     Show_Window();
     return S_OK;
   }
-  const ComPtr<IUnknown> whole(&whole_);
   const auto client = site_ ? site_.Get() : ComPtr<IOleClientSite>(with_verb);
   const auto place = client.As<IOleInPlaceSite>();
   if (!place || place->CanInPlaceActivate() != S_OK || Is_In_Place()) return E_FAIL;
   const HRESULT accepted = place->OnInPlaceActivate();
   if (FAILED(accepted)) return accepted;
   if (Is_In_Place()) return S_OK;
-  state_ = State::In_Place;
+  state_ = State::Opening;
   place_ = place;
-  const HRESULT opened = Open_Window();
+  const HRESULT opened = Guarded([&] { return Open_Window(); });
   if (FAILED(opened)) {
-    Deactivate_In_Place();
-    return opened;
+    if (state_ == State::Opening) Deactivate_In_Place();
+    return Is_In_Place() ? S_OK : opened;
   }
   client->ShowObject();
   return S_OK;
 }
 
+// The container may deactivate it on the way, and even activate it again: that one stands then.
 HRESULT Activation::Open_Window() {
   const auto place = place_;
   HWND parent = nullptr;
@@ -64,23 +71,20 @@ HRESULT Activation::Open_Window() {
   told =
       place->GetWindowContext(frame.Receive(), document.Receive(), &position, &clip, &information);
   if (FAILED(told)) return told;
-  if (!Is_In_Place() || place_.Get() != place.Get()) return E_FAIL;
+  if (state_ != State::Opening) return E_FAIL;
   frame_ = std::move(frame);
   document_ = std::move(document);
   if (!window_.Open(parent, position, Mode())) return E_FAIL;
+  state_ = State::In_Place;
   Set_Rectangles(position, clip);
+  if (!window_.Is_Open()) return E_FAIL;
   Show_Window();
   return S_OK;
 }
 
 void Activation::Show_Window() {
-  Tell_Shown();
+  if (!window_.Is_Shown()) shown_.Appear();
   window_.Show(true);
-}
-
-void Activation::Tell_Shown() {
-  if (std::exchange(was_shown_, true)) return;
-  if (const auto control = access_.Living()) control->UserControl_Show();
 }
 
 HRESULT Activation::Activate_UI(IOleClientSite* with_verb, const MSG* cause) {
@@ -88,11 +92,12 @@ HRESULT Activation::Activate_UI(IOleClientSite* with_verb, const MSG* cause) {
   const HRESULT in_place = Activate_In_Place(with_verb);
   if (FAILED(in_place)) return in_place;
   if (state_ == State::In_Place) {
-    const HRESULT accepted = place_->OnUIActivate();
+    const auto place = place_;
+    const HRESULT accepted = place->OnUIActivate();
     if (FAILED(accepted)) return accepted;
     if (state_ != State::In_Place) return S_OK;
     state_ = State::UI;
-    Tell_Active_Object(whole.As<IOleInPlaceActiveObject>().Get());
+    Tell_Active_Object(&active_object_);
   }
   if (state_ == State::UI && Mode() == ChildMode::Live) window_.Take_Focus(Entry_By(cause));
   return S_OK;
@@ -157,14 +162,16 @@ HRESULT Activation::Set_Rectangles(const RECT& position, const RECT& clip) {
   return S_OK;
 }
 
+// Where it has no window, the container draws it anew.
 void Activation::Follow_Ambients() {
-  was_shown_ = false;
-  if (!window_.Is_Open()) return;
   const ComPtr<IUnknown> whole(&whole_);
-  if (Mode() == ChildMode::Inert) Deactivate_UI();
-  window_.Set_Mode(Mode());
-  Tell_Shown();
-  Repaint();
+  if (window_.Is_Open()) {
+    if (Mode() == ChildMode::Inert) Deactivate_UI();
+    window_.Set_Mode(Mode());
+  }
+  if (!shown_.Is_Outdated()) return;
+  if (window_.Is_Shown()) shown_.Appear();
+  if (const auto control = access_.Living()) control->Refresh();
 }
 
 HRESULT Activation::Translate_Key(MSG& message) {
@@ -181,6 +188,10 @@ void Activation::On_Focus(bool got) noexcept {
     site_.Tell_Focus(got);
     return S_OK;
   });
+}
+
+bool Activation::On_Key(MSG& message) noexcept {
+  return Guarded([&] { return Translate_Key(message); }) == S_OK;
 }
 
 void Activation::On_Paint() noexcept {

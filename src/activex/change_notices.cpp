@@ -1,11 +1,6 @@
 #include "activex/change_notices.hpp"
 
 namespace quillspeech::activex {
-namespace {
-
-constexpr LONG Whole_Object = -1;  // the only index of a part that there is
-
-}  // namespace
 
 HRESULT ChangeNotices::Object_Sinks(IOleAdviseHolder** holder) {
   if (!object_sinks_) {
@@ -35,16 +30,17 @@ HRESULT ChangeNotices::View_Sink(DWORD* aspects, DWORD* flags, IAdviseSink** sin
   return sink ? view_sink_.Give(sink) : S_OK;
 }
 
-void ChangeNotices::View_Changed(IUnknown& whole) {
-  const auto view_sink = view_sink_;
+void ChangeNotices::View_Changed(IDataObject& data) {
   const auto data_sinks = data_sinks_;
-  const ComPtr<IUnknown> object(&whole);
-  if (view_sink && (view_aspects_ & DVASPECT_CONTENT)) {
-    if (view_flags_ & ADVF_ONLYONCE) Set_View_Sink(0, 0, nullptr);
-    view_sink->OnViewChange(DVASPECT_CONTENT, Whole_Object);
-  }
-  if (!data_sinks) return;
-  if (const auto data = object.As<IDataObject>()) data_sinks->SendOnDataChange(data.Get(), 0, 0);
+  Tell_View_Sink();
+  if (data_sinks) data_sinks->SendOnDataChange(&data, 0, 0);
+}
+
+void ChangeNotices::Tell_View_Sink() {
+  const auto sink = view_sink_;
+  if (!sink) return;
+  if (view_flags_ & ADVF_ONLYONCE) Set_View_Sink(0, 0, nullptr);
+  sink->OnViewChange(DVASPECT_CONTENT, Whole_Object);
 }
 
 void ChangeNotices::Saved() {

@@ -5,6 +5,8 @@
 
 namespace quillspeech::activex {
 
+constexpr LONG Whole_Object = -1;  // the only index of a part that there is
+
 class ChangeNotices {
  public:
   // Sinks of the object (IOleObject::Advise) and of its data (IDataObject::DAdvise), in holders
@@ -19,7 +21,8 @@ class ChangeNotices {
   HRESULT View_Sink(DWORD* aspects, DWORD* flags, IAdviseSink** sink) const;
 
   // What has happened. The control must be kept by the caller: a sink may let go of it.
-  void View_Changed(IUnknown& whole);
+  void View_Changed(IDataObject& data);
+  void Tell_View_Sink();  // alone
   void Saved();
   void Closed();
 

@@ -1,26 +1,16 @@
 #include "activex/class_factory.hpp"
 
-#include <algorithm>
 #include <new>
 
 #include "activex/control_object.hpp"
 #include "activex/errors.hpp"
 #include "activex/guids.hpp"
 #include "activex/module.hpp"
+#include "activex/page_classes.hpp"
 #include "activex/property_page.hpp"
 
 namespace quillspeech::activex {
 namespace {
-
-constexpr const GUID* Pages[] = {
-    &CLSID_StartingKeys,       &CLSID_InterestingSettings, &CLSID_WindowsTechnicalSettings,
-    &CLSID_LanguageDepartment, &CLSID_WaveAudioDepartment, &CLSID_ErrorDepartment,
-    &CLSID_SoundCardSettings,  &CLSID_EngineDepartment,
-};
-
-bool Is_Page(REFCLSID class_id) {
-  return std::ranges::any_of(Pages, [&](const GUID* page) { return *page == class_id; });
-}
 
 class ClassFactory final : public IClassFactory {
  public:
@@ -72,7 +62,7 @@ class ClassFactory final : public IClassFactory {
 HRESULT Make_Class_Factory(REFCLSID class_id, REFIID iid, void** object) {
   if (!object) return E_POINTER;
   *object = nullptr;
-  if (class_id != CLSID_Quillspeech && !Is_Page(class_id)) return CLASS_E_CLASSNOTAVAILABLE;
+  if (class_id != CLSID_Quillspeech && !Page_Of(class_id)) return CLASS_E_CLASSNOTAVAILABLE;
   const ComPtr<IClassFactory> factory(new (std::nothrow) ClassFactory(class_id));
   return factory ? factory->QueryInterface(iid, object) : E_OUTOFMEMORY;
 }

@@ -34,7 +34,7 @@ HRESULT ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer**
 HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) {
   if (cookie) *cookie = 0;
   if (!sink || !cookie) return E_POINTER;
-  return Coded([&] {
+  return Guarded([&] {
     const ComPtr<IUnknown> given(sink);
     auto connected = given.As<IUnknown>(iid_);
     if (!connected && iid_ == DIID___Quillspeech) connected = given.As<IUnknown>(IID_IDispatch);
@@ -55,7 +55,7 @@ HRESULT ConnectionPoint::Unadvise(DWORD cookie) {
 }
 
 HRESULT ConnectionPoint::EnumConnections(IEnumConnections** enumerator) {
-  return Coded([&] {
+  return Guarded([&] {
     std::vector<CONNECTDATA> items;
     for (const Connection& connection : connections_) {
       items.push_back({connection.sink.Get(), connection.cookie});
@@ -76,7 +76,7 @@ ConnectionPoints::ConnectionPoints(IUnknown& whole)
       property_changes(whole, *this, IID_IPropertyNotifySink) {}
 
 HRESULT ConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** enumerator) {
-  return Coded([&] {
+  return Guarded([&] {
     std::vector<IConnectionPoint*> items = {&events, &property_changes};
     return Enumerate<IEnumConnectionPoints>(std::move(items), enumerator);
   });

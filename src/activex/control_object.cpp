@@ -8,19 +8,15 @@
 #include "core/face_form.hpp"
 
 namespace quillspeech::activex {
-namespace {
-
-bool Is_One_Of(REFIID iid, std::initializer_list<const IID*> ids) {
-  return std::ranges::any_of(ids, [&](const IID* id) { return IsEqualIID(iid, *id); });
-}
-
-}  // namespace
 
 HRESULT Make_Control(IUnknown* outer, REFIID iid, void** object) {
   return Guarded([&]() -> HRESULT {
     if (!object) return E_POINTER;
     *object = nullptr;
-    if (outer && !IsEqualIID(iid, IID_IUnknown)) return CLASS_E_NOAGGREGATION;
+    const bool is_identity = IsEqualIID(iid, IID_IUnknown);
+    if (outer && !is_identity) return CLASS_E_NOAGGREGATION;
+    // One that was made in vain would end the session as it goes.
+    if (!is_identity && !ControlObject::Has(iid)) return E_NOINTERFACE;
     Module& module = Module::Of_This_File();
     const HRESULT entered = module.Enter_Thread();
     if (FAILED(entered)) return entered;
@@ -32,9 +28,10 @@ ControlObject::ControlObject(IUnknown* outer, Session& session)
     : AggregatedObject(outer),
       control_(Control::Make(session, *this)),
       face_(Make_Face_Form(*control_)),
+      shown_(*this, site_),
       record_(*this, notices_),
-      picture_(*this, *face_),
-      activation_(Whole(), *this, site_, *face_),
+      picture_(*this, shown_, *face_),
+      activation_(Whole(), *this, site_, shown_, *face_, in_place_active_object_),
       connection_points_(Whole()),
       events_(connection_points_),
       dispatch_(Whole(), *this),
@@ -49,21 +46,21 @@ ControlObject::ControlObject(IUnknown* outer, Session& session)
       persist_stream_init_(Whole(), record_),
       persist_property_bag_(Whole(), record_),
       persist_storage_(Whole(), record_),
-      quick_activate_(Whole()),
+      quick_activate_(Whole(), site_, ole_object_, view_object_, connection_points_),
       specify_property_pages_(Whole()) {
-  Module::Of_This_File().Add_Control();
+  Module::Of_This_File().Activations().Add(activation_);
 }
 
-ControlObject::~ControlObject() { Module::Of_This_File().Remove_Control(); }
+ControlObject::~ControlObject() { Module::Of_This_File().Activations().Remove(activation_); }
 
 // The window goes first, while the control can still answer.
 void ControlObject::At_Last_Release() noexcept {
-  Coded([&] {
+  Guarded([&] {
     activation_.Deactivate_In_Place();
     return S_OK;
   });
   const auto control = control_;
-  Coded([&] {
+  Guarded([&] {
     control->UserControl_Terminate();
     return S_OK;
   });
@@ -74,45 +71,61 @@ std::shared_ptr<Control> ControlObject::Living() {
   return control_ && !control_->Is_Terminated() ? control_ : nullptr;
 }
 
+struct ControlObject::InterfaceRow {
+  const IID& iid;
+  IUnknown* (*of)(ControlObject&);
+};
+
+std::span<const ControlObject::InterfaceRow> ControlObject::Interface_Rows() {
+  using Object = ControlObject;
+  constexpr auto members = [](Object& object) -> IUnknown* { return object.dispatch_.Interface(); };
+  constexpr auto class_info = [](Object& object) -> IUnknown* {
+    return &object.provide_class_info_;
+  };
+  constexpr auto window = [](Object& object) -> IUnknown* { return &object.in_place_object_; };
+  constexpr auto view = [](Object& object) -> IUnknown* { return &object.view_object_; };
+  constexpr auto stream = [](Object& object) -> IUnknown* { return &object.persist_stream_init_; };
+  static constexpr InterfaceRow Rows[] = {
+      // What programs use.
+      {IID_IDispatch, members},
+      {IID__Quillspeech, members},
+      {IID_IProvideClassInfo, class_info},
+      {IID_IProvideClassInfo2, class_info},
+      {IID_ISupportErrorInfo, [](Object& o) -> IUnknown* { return &o.support_error_info_; }},
+      {IID_IConnectionPointContainer, [](Object& o) -> IUnknown* { return &o.connection_points_; }},
+      // What containers use to show it.
+      {IID_IOleObject, [](Object& o) -> IUnknown* { return &o.ole_object_; }},
+      {IID_IOleControl, [](Object& o) -> IUnknown* { return &o.ole_control_; }},
+      {IID_IOleWindow, window},
+      {IID_IOleInPlaceObject, window},
+      {IID_IOleInPlaceActiveObject,
+       [](Object& o) -> IUnknown* { return &o.in_place_active_object_; }},
+      {IID_IViewObject, view},
+      {IID_IViewObject2, view},
+      {IID_IViewObjectEx, view},
+      {IID_IDataObject, [](Object& o) -> IUnknown* { return &o.data_object_; }},
+      {IID_IQuickActivate, [](Object& o) -> IUnknown* { return &o.quick_activate_; }},
+      {IID_ISpecifyPropertyPages,
+       [](Object& o) -> IUnknown* { return &o.specify_property_pages_; }},
+      // What containers use to keep it.
+      {IID_IPersist, stream},
+      {IID_IPersistStream, stream},
+      {IID_IPersistStreamInit, stream},
+      {IID_IPersistPropertyBag, [](Object& o) -> IUnknown* { return &o.persist_property_bag_; }},
+      {IID_IPersistStorage, [](Object& o) -> IUnknown* { return &o.persist_storage_; }},
+  };
+  return Rows;
+}
+
+bool ControlObject::Has(REFIID iid) {
+  return std::ranges::any_of(
+      Interface_Rows(), [&](const InterfaceRow& row) { return IsEqualIID(iid, row.iid) != FALSE; });
+}
+
 IUnknown* ControlObject::Interface_Of(REFIID iid) {
-  if (IUnknown* const found = Running_Interface(iid)) return found;
-  if (IUnknown* const found = Placing_Interface(iid)) return found;
-  return Persisting_Interface(iid);
-}
-
-// What programs use.
-IUnknown* ControlObject::Running_Interface(REFIID iid) {
-  if (Is_One_Of(iid, {&IID_IDispatch, &IID__Quillspeech})) return dispatch_.Interface();
-  if (Is_One_Of(iid, {&IID_IProvideClassInfo, &IID_IProvideClassInfo2})) {
-    return &provide_class_info_;
+  for (const InterfaceRow& row : Interface_Rows()) {
+    if (IsEqualIID(iid, row.iid)) return row.of(*this);
   }
-  if (IsEqualIID(iid, IID_ISupportErrorInfo)) return &support_error_info_;
-  if (IsEqualIID(iid, IID_IConnectionPointContainer)) return &connection_points_;
-  return nullptr;
-}
-
-// What containers use to show it.
-IUnknown* ControlObject::Placing_Interface(REFIID iid) {
-  if (IsEqualIID(iid, IID_IOleObject)) return &ole_object_;
-  if (IsEqualIID(iid, IID_IOleControl)) return &ole_control_;
-  if (Is_One_Of(iid, {&IID_IOleWindow, &IID_IOleInPlaceObject})) return &in_place_object_;
-  if (IsEqualIID(iid, IID_IOleInPlaceActiveObject)) return &in_place_active_object_;
-  if (Is_One_Of(iid, {&IID_IViewObject, &IID_IViewObject2, &IID_IViewObjectEx})) {
-    return &view_object_;
-  }
-  if (IsEqualIID(iid, IID_IDataObject)) return &data_object_;
-  if (IsEqualIID(iid, IID_IQuickActivate)) return &quick_activate_;
-  if (IsEqualIID(iid, IID_ISpecifyPropertyPages)) return &specify_property_pages_;
-  return nullptr;
-}
-
-// What containers use to keep it.
-IUnknown* ControlObject::Persisting_Interface(REFIID iid) {
-  if (Is_One_Of(iid, {&IID_IPersist, &IID_IPersistStream, &IID_IPersistStreamInit})) {
-    return &persist_stream_init_;
-  }
-  if (IsEqualIID(iid, IID_IPersistPropertyBag)) return &persist_property_bag_;
-  if (IsEqualIID(iid, IID_IPersistStorage)) return &persist_storage_;
   return nullptr;
 }
 
@@ -131,13 +144,13 @@ void ControlObject::Property_Changed(std::string_view name) {
 void ControlObject::Face_Changed(const Face& face) {
   const auto kept = Kept();
   Show_Face(*face_, face);
-  if (!picture_.Is_Drawing()) notices_.View_Changed(Whole());
+  if (!picture_.Is_Drawing()) notices_.View_Changed(data_object_);
 }
 
 void ControlObject::Enabled_Changed(bool enabled) {
   const auto kept = Kept();
   face_->Set_Enabled(enabled);
-  notices_.View_Changed(Whole());
+  notices_.View_Changed(data_object_);
 }
 
 std::int32_t ControlObject::Window_Handle() const {
@@ -149,7 +162,7 @@ void ControlObject::Repaint() {
   if (activation_.Window()) {
     activation_.Repaint();
   } else {
-    notices_.View_Changed(Whole());
+    notices_.View_Changed(data_object_);
   }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string_view>
 
 #include "activex/activation.hpp"
@@ -15,6 +16,7 @@
 #include "activex/dispatch.hpp"
 #include "activex/events.hpp"
 #include "activex/face_picture.hpp"
+#include "activex/module.hpp"
 #include "activex/ole_control.hpp"
 #include "activex/ole_in_place_active_object.hpp"
 #include "activex/ole_in_place_object.hpp"
@@ -24,6 +26,7 @@
 #include "activex/persist_stream_init.hpp"
 #include "activex/provide_class_info.hpp"
 #include "activex/quick_activate.hpp"
+#include "activex/shown_mode.hpp"
 #include "activex/specify_property_pages.hpp"
 #include "activex/support_error_info.hpp"
 #include "activex/view_object.hpp"
@@ -41,13 +44,16 @@ class ControlObject final : public AggregatedObject, private ControlAccess, priv
   ControlObject(IUnknown* outer, Session& session);
   ~ControlObject() override;
 
+  // Whether a control has the interface of that id, beside IUnknown.
+  static bool Has(REFIID iid);
+
  private:
+  struct InterfaceRow;
+  static std::span<const InterfaceRow> Interface_Rows();
+
   // AggregatedObject
   IUnknown* Interface_Of(REFIID iid) override;
   void At_Last_Release() noexcept override;
-  IUnknown* Running_Interface(REFIID iid);
-  IUnknown* Placing_Interface(REFIID iid);
-  IUnknown* Persisting_Interface(REFIID iid);
 
   // ControlAccess
   std::shared_ptr<Control> Living() override;
@@ -60,12 +66,17 @@ class ControlObject final : public AggregatedObject, private ControlAccess, priv
   void Enabled_Changed(bool enabled) override;
   std::int32_t Window_Handle() const override;
   void Repaint() override;
+  // A handler's failure is the host's own to tell. What is left, lack of memory mostly, has no
+  // caller to take a code, and a box would come back every 50 ms.
+  void Pump_Failed(int) override {}
 
+  const CountedControl counted_;
   std::shared_ptr<Control> control_;
   std::unique_ptr<Form> face_;
 
   // What the interfaces share.
   ControlSite site_;
+  ShownMode shown_;
   ChangeNotices notices_;
   ControlRecord record_;
   FacePicture picture_;

@@ -53,7 +53,8 @@ HRESULT ControlRecord::Most_Bytes(std::uint64_t& bytes) {
 }
 
 void ControlRecord::Is_Saved(bool clear_dirty) {
-  if (clear_dirty) is_dirty_ = false;
+  if (!clear_dirty) return;
+  is_dirty_ = false;
   notices_.Saved();
 }
 

@@ -2,8 +2,6 @@
 // that persist.
 #pragma once
 
-#include <optional>
-
 #include "activex/change_notices.hpp"
 #include "activex/com.hpp"
 #include "activex/control_access.hpp"
@@ -27,9 +25,8 @@ class ControlRecord {
   // Whether settings were changed since they were loaded or saved last.
   bool Is_Dirty() const { return is_dirty_; }
   void Touch() { is_dirty_ = true; }
-  // The container has the record safe.
-  void Is_Kept() { is_dirty_ = false; }
-  // The same, and whoever wants to know is told.
+  // A save is done. One by which the container has the record safe, and not a mere copy of it,
+  // leaves nothing to save, and whoever wants to know is told.
   void Is_Saved(bool clear_dirty);
 
  private:

@@ -17,15 +17,31 @@ DWORD Modifier_Keys() {
 
 }  // namespace
 
-bool ControlSite::Ambient_Truth(DISPID ambient, bool unless_told) const {
+bool ControlSite::Ambient(DISPID ambient, VARTYPE type, VARIANT& value) const {
   const auto ambients = As<IDispatch>();
-  if (!ambients) return unless_told;
+  if (!ambients) return false;
   DISPPARAMS nothing = {};
-  ScopedVariant answer;
   const HRESULT asked = ambients->Invoke(ambient, IID_NULL, LOCALE_USER_DEFAULT,
-                                         DISPATCH_PROPERTYGET, &nothing, &answer, nullptr, nullptr);
-  if (FAILED(asked) || FAILED(VariantChangeType(&answer, &answer, 0, VT_BOOL))) return unless_told;
-  return answer.boolVal != VARIANT_FALSE;
+                                         DISPATCH_PROPERTYGET, &nothing, &value, nullptr, nullptr);
+  return SUCCEEDED(asked) && SUCCEEDED(VariantChangeType(&value, &value, 0, type));
+}
+
+bool ControlSite::User_Mode() const {
+  ScopedVariant told;
+  if (Ambient(DISPID_AMBIENT_USERMODE, VT_BOOL, told)) return told.boolVal != VARIANT_FALSE;
+  return flags_ == 0 || (flags_ & QACONTAINER_USERMODE);
+}
+
+bool ControlSite::UI_Dead() const {
+  ScopedVariant told;
+  if (Ambient(DISPID_AMBIENT_UIDEAD, VT_BOOL, told)) return told.boolVal != VARIANT_FALSE;
+  return flags_ & QACONTAINER_UIDEAD;
+}
+
+std::wstring ControlSite::Display_Name() const {
+  ScopedVariant told;
+  if (!Ambient(DISPID_AMBIENT_DISPLAYNAME, VT_BSTR, told)) return {};
+  return {told.bstrVal, SysStringLen(told.bstrVal)};
 }
 
 void ControlSite::Tell_Focus(bool got) const {

@@ -8,8 +8,14 @@
 namespace quillspeech::activex {
 namespace {
 
-constexpr FORMATETC Metafile_Format = {CF_METAFILEPICT, nullptr, DVASPECT_CONTENT, -1,
+constexpr FORMATETC Metafile_Format = {CF_METAFILEPICT, nullptr, DVASPECT_CONTENT, Whole_Object,
                                        TYMED_MFPICT};
+
+// Of a sink that wants to hear of changes in any format.
+bool Is_Any_Format(const FORMATETC& format) {
+  constexpr auto Any = static_cast<DWORD>(-1);
+  return format.cfFormat == 0 && format.dwAspect == Any && format.tymed == Any;
+}
 
 }  // namespace
 
@@ -47,6 +53,12 @@ HRESULT DataObject::EnumFormatEtc(DWORD direction, IEnumFORMATETC** formats) {
 }
 
 HRESULT DataObject::DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink, DWORD* cookie) {
+  if (!cookie) return E_POINTER;
+  *cookie = 0;
+  if (!format || !sink) return E_INVALIDARG;
+  const bool is_any = (flags & ADVF_NODATA) && Is_Any_Format(*format);
+  const HRESULT offered = is_any ? S_OK : QueryGetData(format);
+  if (FAILED(offered)) return offered;
   ComPtr<IDataAdviseHolder> sinks;
   const HRESULT made = notices_.Data_Sinks(sinks.Receive());
   return FAILED(made) ? made : sinks->Advise(this, format, flags, sink, cookie);

@@ -19,6 +19,7 @@ class DataObject final : public PartOf<IDataObject> {
   HRESULT STDMETHODCALLTYPE GetCanonicalFormatEtc(FORMATETC* asked, FORMATETC* same) override;
   HRESULT STDMETHODCALLTYPE SetData(FORMATETC*, STGMEDIUM*, BOOL) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE EnumFormatEtc(DWORD direction, IEnumFORMATETC** formats) override;
+  // Also for any format, by a sink that wants no data.
   HRESULT STDMETHODCALLTYPE DAdvise(FORMATETC* format, DWORD flags, IAdviseSink* sink,
                                     DWORD* cookie) override;
   HRESULT STDMETHODCALLTYPE DUnadvise(DWORD cookie) override;

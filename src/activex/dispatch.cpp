@@ -70,8 +70,11 @@ MemberValue Value_In_Word(std::uintptr_t word, MemberType type) {
   return {};
 }
 
+// Any other failure takes an older one's words away.
 HRESULT With_Error_Object(HRESULT code) {
-  return Is_Failure_Number(code) ? Tell_Failure(code & 0xFFFF) : code;
+  if (Is_Failure_Number(code)) return Tell_Failure(code & 0xFFFF);
+  if (FAILED(code)) ::SetErrorInfo(0, nullptr);
+  return code;
 }
 
 }  // namespace
@@ -80,7 +83,7 @@ HRESULT With_Error_Object(HRESULT code) {
 template <class Action>
 HRESULT Dispatch::With_Control(Action&& action) {
   const ComPtr<IUnknown> kept(&whole_);
-  return Coded([&] {
+  return Guarded([&] {
     const auto control = access_.Living();
     return control ? action(*control) : RPC_E_DISCONNECTED;
   });
@@ -90,7 +93,7 @@ HRESULT Dispatch::GetTypeInfo(UINT index, ITypeInfo** information) {
   if (!information) return E_POINTER;
   *information = nullptr;
   if (index != 0) return DISP_E_BADINDEX;
-  return Coded([&] { return Module::Of_This_File().Type_Info(IID__Quillspeech, information); });
+  return Guarded([&] { return Module::Of_This_File().Type_Info(IID__Quillspeech, information); });
 }
 
 // The first name is a member's; the others would be its arguments', and no member has one with a
@@ -99,7 +102,7 @@ HRESULT Dispatch::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, DISPID*
   if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
   if (!names || !ids || count == 0) return E_INVALIDARG;
   std::fill_n(ids, count, DISPID_UNKNOWN);
-  return Coded([&] {
+  return Guarded([&] {
     if (!names[0]) return E_INVALIDARG;
     ids[0] = Id_Of_Member(windows::Narrow(names[0]));
     return ids[0] == DISPID_UNKNOWN || count > 1 ? DISP_E_UNKNOWNNAME : S_OK;
@@ -148,7 +151,7 @@ HRESULT Dispatch::Invoke_Let(const Member& member, const DISPPARAMS& arguments,
   if (Is_Missing(argument)) return Blame_Argument(DISP_E_PARAMNOTOPTIONAL, bad_argument);
   return With_Control([&](Control& control) {
     MemberValue value;
-    const HRESULT converted = Coded([&] {
+    const HRESULT converted = Guarded([&] {
       value = Value_Of(argument, member.type);
       return S_OK;
     });

@@ -26,18 +26,18 @@ STDAPI DllGetClassObject(REFCLSID class_id, REFIID iid, LPVOID* object) {
 STDAPI DllCanUnloadNow() { return Module::Of_This_File().Can_Unload() ? S_OK : S_FALSE; }
 
 STDAPI DllRegisterServer() {
-  return Coded([] { return Register(RegistrationScope::Machine); });
+  return Guarded([] { return Register(RegistrationScope::Machine); });
 }
 
 STDAPI DllUnregisterServer() {
-  return Coded([] { return Unregister(RegistrationScope::Machine); });
+  return Guarded([] { return Unregister(RegistrationScope::Machine); });
 }
 
 // regsvr32 /n /i:user registers for the user alone, and needs no rights of an administrator.
 STDAPI DllInstall(BOOL install, LPCWSTR scope) {
   const bool for_machine = !scope || *scope == L'\0';
   if (!for_machine && ::_wcsicmp(scope, L"user") != 0) return E_INVALIDARG;
-  return Coded([&] {
+  return Guarded([&] {
     const auto wanted = for_machine ? RegistrationScope::Machine : RegistrationScope::User;
     return install ? Register(wanted) : Unregister(wanted);
   });

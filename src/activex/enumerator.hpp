@@ -64,7 +64,7 @@ class Enumerator final : public Interface {
   HRESULT STDMETHODCALLTYPE Clone(Interface** clone) override {
     if (!clone) return E_POINTER;
     *clone = nullptr;
-    return Coded([&] {
+    return Guarded([&] {
       auto made = std::make_unique<Enumerator>(items_);
       made->next_ = next_;
       return ComPtr<Interface>(made.release()).Give(clone);

@@ -23,23 +23,13 @@ HRESULT Tell_Failure(int number) noexcept;
 HRESULT Tell_Exception(HRESULT code, EXCEPINFO* exception) noexcept;
 
 // Runs what a host has called. No exception gets out, and a run-time failure is its code; lack of
-// memory is failure 7, and anything else 5.
-template <class Call>
-HRESULT Coded(Call&& call) noexcept {
-  try {
-    return call();
-  } catch (...) {
-    return Code_Of(Current_Failure_Number());
-  }
-}
-
-// The same, and what was thrown is told as above.
+// memory is failure 7, and anything else 5. It tells no more than the code.
 template <class Call>
 HRESULT Guarded(Call&& call) noexcept {
   try {
     return call();
   } catch (...) {
-    return Tell_Failure(Current_Failure_Number());
+    return Code_Of(Current_Failure_Number());
   }
 }
 

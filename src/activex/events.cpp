@@ -1,5 +1,7 @@
 #include "activex/events.hpp"
 
+#include <algorithm>
+
 #include "activex/member_ids.hpp"
 #include "activex/variants.hpp"
 
@@ -22,6 +24,19 @@ void Call_Handler(IDispatch& sink, const ControlEvent& event) {
   ::VariantClear(&argument);
 }
 
+class Telling {
+ public:
+  Telling(std::vector<DISPID>& being_told, DISPID id) : being_told_(being_told) {
+    being_told_.push_back(id);
+  }
+  ~Telling() { being_told_.pop_back(); }
+  Telling(const Telling&) = delete;
+  Telling& operator=(const Telling&) = delete;
+
+ private:
+  std::vector<DISPID>& being_told_;
+};
+
 }  // namespace
 
 // Each sink gets an argument of its own, which it may spoil.
@@ -40,6 +55,8 @@ void EventSender::Freeze(bool freeze) {
 
 void EventSender::Tell_Changed(std::string_view name) {
   const DISPID id = Id_Of_Member(name);
+  if (std::ranges::find(being_told_, id) != being_told_.end()) return;
+  const Telling telling(being_told_, id);
   points_.property_changes.For_Each_Sink<IPropertyNotifySink>(
       [&](IPropertyNotifySink& sink) { sink.OnChanged(id); });
 }

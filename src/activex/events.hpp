@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "activex/connection_points.hpp"
 #include "core/control_events.hpp"
@@ -20,12 +21,14 @@ class EventSender {
   void Freeze(bool freeze);
 
   // IPropertyNotifySink::OnChanged with the id of the member of that name, DISPID_UNKNOWN for the
-  // empty name; frozen or not. No member asks before it changes (OnRequestEdit).
+  // empty name; frozen or not. No member asks before it changes (OnRequestEdit). A get that a sink
+  // makes in there may announce the same change: what is being told is not told anew.
   void Tell_Changed(std::string_view name);
 
  private:
   ConnectionPoints& points_;
   int freezes_ = 0;
+  std::vector<DISPID> being_told_;
 };
 
 }  // namespace quillspeech::activex

@@ -3,26 +3,31 @@
 
 #include "activex/com.hpp"
 #include "activex/control_access.hpp"
+#include "activex/shown_mode.hpp"
 #include "platform/form.hpp"
 
 namespace quillspeech::activex {
 
 class FacePicture {
  public:
-  FacePicture(ControlAccess& access, Form& face) : access_(access), face_(face) {}
+  FacePicture(ControlAccess& access, ShownMode& shown, Form& face)
+      : access_(access), shown_(shown), face_(face) {}
 
   // Into the rectangle, in the units of the device.
   void Draw(HDC device, const RECT& bounds);
   // A metafile of it in the medium, which the receiver frees. E_OUTOFMEMORY.
   HRESULT Give_Metafile(STGMEDIUM& medium);
 
-  // While it is drawn, a change of its colours is no news.
-  bool Is_Drawing() const { return is_drawing_; }
+  // While it is drawn, a change of its looks for that is no news.
+  bool Is_Drawing() const { return drawings_ > 0; }
 
  private:
+  void Prepare();
+
   ControlAccess& access_;
+  ShownMode& shown_;
   Form& face_;
-  bool is_drawing_ = false;
+  int drawings_ = 0;  // a container that is asked for its mode may draw, too
 };
 
 }  // namespace quillspeech::activex

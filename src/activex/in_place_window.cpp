@@ -1,16 +1,11 @@
 #include "activex/in_place_window.hpp"
 
+#include <system_error>
+
 #include "activex/control_extent.hpp"
+#include "platform/windows/form_layout.hpp"
 
 namespace quillspeech::activex {
-namespace {
-
-ChildPlace Child_Place(const RECT& place) {
-  return {static_cast<int>(place.left), static_cast<int>(place.top),
-          static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top)};
-}
-
-}  // namespace
 
 InPlaceWindow::InPlaceWindow(windows::FormViews& views, Form& face, Listener& listener)
     : views_(views), face_(face), listener_(std::make_shared<Listener*>(&listener)) {}
@@ -29,8 +24,12 @@ RECT InPlaceWindow::Place_At(const RECT& position) const {
 
 // The signals may end the window and themselves with it, so they hold on to whom they tell.
 bool InPlaceWindow::Open(HWND parent, const RECT& position, ChildMode mode) {
-  views_.Make_Child(face_, reinterpret_cast<std::intptr_t>(parent), Child_Place(Place_At(position)),
-                    mode);
+  try {
+    views_.Make_Child(face_, reinterpret_cast<std::intptr_t>(parent),
+                      windows::Child_Place_Of(Place_At(position)), mode);
+  } catch (const std::system_error&) {
+    face_.Unload();
+  }
   if (!Is_Open()) return false;
   const auto got_focus = [listener = listener_](bool got) {
     const auto held = listener;
@@ -40,14 +39,15 @@ bool InPlaceWindow::Open(HWND parent, const RECT& position, ChildMode mode) {
     const auto held = listener;
     if (*held) (*held)->On_Paint();
   };
-  views_.Set_Signals(face_, {got_focus, paints});
+  const auto takes_key = [listener = listener_](MSG& message) {
+    const auto held = listener;
+    return *held && (*held)->On_Key(message);
+  };
+  views_.Set_Signals(face_, {got_focus, paints, takes_key});
   return true;
 }
 
-void InPlaceWindow::Close() {
-  if (Is_Open()) views_.Set_Signals(face_, {});
-  face_.Unload();
-}
+void InPlaceWindow::Close() { face_.Unload(); }
 
 void InPlaceWindow::Set_Mode(ChildMode mode) { views_.Set_Child_Mode(face_, mode); }
 
@@ -56,7 +56,6 @@ void InPlaceWindow::Show(bool visible) {
   if (visible) {
     views_.Show(face_, Modality::None);
   } else {
-    if (Has_Focus()) SetFocus(GetParent(Handle()));
     views_.Hide(face_);
   }
 }
@@ -65,7 +64,7 @@ void InPlaceWindow::Repaint() { views_.Repaint(face_); }
 
 void InPlaceWindow::Place(const RECT& position, const RECT& clip) {
   const RECT place = Place_At(position);
-  views_.Move_Child(face_, Child_Place(place));
+  views_.Move_Child(face_, windows::Child_Place_Of(place));
   RECT seen = {};
   IntersectRect(&seen, &place, &clip);
   HRGN region = nullptr;  // all of it

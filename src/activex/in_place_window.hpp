@@ -16,6 +16,9 @@ class InPlaceWindow {
    public:
     virtual void On_Focus(bool got) noexcept = 0;  // from outside the control, or to there
     virtual void On_Paint() noexcept = 0;          // before it is painted
+    // A key that comes to it in a wait of the session, where no loop of the container's looks at
+    // it. False: nobody has made use of it.
+    virtual bool On_Key(MSG& message) noexcept = 0;
 
    protected:
     ~Listener() = default;
@@ -31,6 +34,7 @@ class InPlaceWindow {
   void Close();
   HWND Handle() const;  // null while there is none; a parent that ends takes it along
   bool Is_Open() const { return Handle() != nullptr; }
+  bool Is_Shown() const { return views_.Is_Shown(face_); }
   void Set_Mode(ChildMode mode);
   void Show(bool visible);
   void Repaint();

@@ -5,24 +5,30 @@
 #include <vector>
 
 #include "activex/errors.hpp"
+#include "base/host_text.hpp"
 #include "core/operations.hpp"
 #include "core/persistence.hpp"
+#include "core/session_operations.hpp"
 #include "platform/windows/data_file.hpp"
 #include "platform/windows/host_program.hpp"
-#include "platform/windows/message_boxes.hpp"
 #include "platform/windows/riff_file.hpp"
 #include "platform/windows/shell.hpp"
 #include "platform/windows/sound_cues.hpp"
 #include "platform/windows/wave_input.hpp"
 #include "platform/windows/wave_output.hpp"
+#include "session/failure_trap.hpp"
 
 namespace quillspeech::activex {
 
 struct Module::Platform {
   Platform();
 
+  void Stop_At_Once();
+  void Rest();
+
   windows::EventLoop events;
-  windows::MessageBoxes boxes;
+  activex::Activations activations;
+  ContainedBoxes boxes{activations};
   windows::HostProgram host;
   windows::SoundCues cues;
   windows::Shell shell;
@@ -37,14 +43,12 @@ struct Module::Platform {
 
 namespace {
 
-// The thread's message loop is told to end: whatever waits must come back to it.
-void Stop_At_Once(quillspeech::Session& session) {
-  session.settings.Stop_everything_now = "YES";
-  for (const FormTimer timer : {FormTimer::Timer1, FormTimer::Timer2, FormTimer::Timer3,
-                                FormTimer::Timer4, FormTimer::Timer5}) {
-    session.ports.events.Enable(timer, false);
-  }
-  session.operations.Stop_Recording(session);
+// What nobody has trapped, a person who has pressed a button is to know.
+void Show_Failure(quillspeech::Session& session, int number) noexcept {
+  Guarded([&] {
+    Show_Box(session, Host_Text(number), "Quillspeech", BoxIcon::Stop);
+    return S_OK;
+  });
 }
 
 class Exclusive {
@@ -64,7 +68,25 @@ class Exclusive {
 Module::Platform::Platform() {
   Prepare_Session(session);
   Forget_Settings(session);
-  events.At_Quit = [this] { Stop_At_Once(session); };
+  events.At_Quit = [this] { Stop_At_Once(); };
+  views.At_Failure = [this] { Show_Failure(session, Current_Failure_Number()); };
+  events.Rest();  // until there is a control
+}
+
+// The thread's message loop is told to end: whatever waits must come back to it. A host that goes
+// on all the same finds the session as a stop leaves it.
+void Module::Platform::Stop_At_Once() {
+  Ends_Well(session, [this] { Halt_Session(session); });
+  events.Enable(FormTimer::Timer2, false);
+  events.Enable(FormTimer::Timer4, false);
+  wave_output.Cut();
+}
+
+// What is left to the unloading of the file is memory and windows.
+void Module::Platform::Rest() {
+  wave_input.Close_Stream();
+  if (cues.Is_Sounding()) cues.Purge();
+  events.Rest();
 }
 
 Module& Module::Of_This_File() {
@@ -93,13 +115,14 @@ std::wstring Module::File_Name() const {
 
 bool Module::Can_Unload() const noexcept {
   if (objects_ != 0) return false;
-  return !platform_ || (Is_On_Session_Thread() && platform_->events.Depth() == 0);
+  if (!platform_) return true;
+  const bool is_its_own = ::GetCurrentThreadId() == thread_ || Has_Thread_Ended();
+  return is_its_own && platform_->events.Depth() == 0;
 }
 
-// A thread that has ended took its windows with it.
-bool Module::Is_On_Session_Thread() const noexcept {
-  return ::GetCurrentThreadId() == thread_ ||
-         ::WaitForSingleObject(thread_handle_, 0) == WAIT_OBJECT_0;
+// It took its windows with it.
+bool Module::Has_Thread_Ended() const noexcept {
+  return ::WaitForSingleObject(thread_handle_, 0) == WAIT_OBJECT_0;
 }
 
 void Module::Take_Thread() {
@@ -117,7 +140,9 @@ HRESULT Module::Enter_Thread() {
       Take_Thread();
       platform_ = std::make_unique<Platform>();
     } else if (::GetCurrentThreadId() != thread_) {
-      if (controls_ != 0 || platform_->events.Depth() != 0) return RPC_E_WRONG_THREAD;
+      const bool has_ended = Has_Thread_Ended();
+      if (!has_ended && !platform_->events.Is_Resting()) return RPC_E_WRONG_THREAD;
+      if (has_ended) controls_ = 0;
       platform_->events.Move_To_This_Thread();
       Take_Thread();
     }
@@ -125,9 +150,19 @@ HRESULT Module::Enter_Thread() {
   });
 }
 
+void Module::Add_Control() noexcept {
+  if (++controls_ == 1) platform_->events.Resume();
+}
+
+// One that its thread has left behind may still be let go of later.
+void Module::Remove_Control() noexcept {
+  if (controls_ > 0 && --controls_ == 0) platform_->Rest();
+}
+
 quillspeech::Session& Module::Session() { return platform_->session; }
 windows::EventLoop& Module::Events() { return platform_->events; }
 windows::FormViews& Module::Views() { return platform_->views; }
+activex::Activations& Module::Activations() { return platform_->activations; }
 
 HRESULT Module::Type_Library(ITypeLib** library) {
   return ::LoadTypeLibEx(File_Name().c_str(), REGKIND_NONE, library);

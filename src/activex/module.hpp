@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "activex/com.hpp"
+#include "activex/modality.hpp"
 #include "platform/windows/event_loop.hpp"
 #include "platform/windows/form_view.hpp"
 #include "session/session.hpp"
@@ -32,17 +33,20 @@ class Module {
   bool Can_Unload() const noexcept;
   long Objects() const noexcept { return objects_; }
 
-  // What a control needs to be made on this thread: makes the session at the first call, and takes
-  // it over to this thread when no control lives. RPC_E_WRONG_THREAD while controls of another
-  // thread live: a session has one thread.
+  // What a control or a page needs to be made on this thread: makes the session at the first call,
+  // and takes it over to this thread when it rests. RPC_E_WRONG_THREAD while controls of another
+  // thread live: a session has one thread. What a thread has left behind at its end does not count.
   HRESULT Enter_Thread();
-  void Add_Control() noexcept { ++controls_; }
-  void Remove_Control() noexcept { --controls_; }
+  // The session rests while there are none, on its thread: its sound devices are closed and its
+  // timers stand still. Not before the wait in which the last one goes is over.
+  void Add_Control() noexcept;
+  void Remove_Control() noexcept;
 
   // After Enter_Thread.
   quillspeech::Session& Session();
   windows::EventLoop& Events();
   windows::FormViews& Views();
+  activex::Activations& Activations();
 
   // The type library in the resources of this file.
   HRESULT Type_Library(ITypeLib** library);
@@ -55,14 +59,14 @@ class Module {
   // call may be gone.
   Module() = default;
   ~Module() = default;
-  bool Is_On_Session_Thread() const noexcept;
+  bool Has_Thread_Ended() const noexcept;
   void Take_Thread();
 
   HINSTANCE instance_ = nullptr;
   std::atomic<long> objects_ = 0;
-  std::atomic<long> controls_ = 0;
   SRWLOCK lock_ = SRWLOCK_INIT;  // of what follows
   std::unique_ptr<Platform> platform_;
+  long controls_ = 0;
   DWORD thread_ = 0;  // of the session
   HANDLE thread_handle_ = nullptr;
 };
@@ -74,6 +78,15 @@ class CountedObject {
   ~CountedObject() { Module::Of_This_File().Remove_Object(); }
   CountedObject(const CountedObject&) = delete;
   CountedObject& operator=(const CountedObject&) = delete;
+};
+
+// Counts one control, or whatever else uses the session, while it lives. After Enter_Thread.
+class CountedControl {
+ public:
+  CountedControl() { Module::Of_This_File().Add_Control(); }
+  ~CountedControl() { Module::Of_This_File().Remove_Control(); }
+  CountedControl(const CountedControl&) = delete;
+  CountedControl& operator=(const CountedControl&) = delete;
 };
 
 }  // namespace quillspeech::activex

@@ -1,6 +1,7 @@
 #include "activex/ole_object.hpp"
 
 #include <cwchar>
+#include <string>
 
 #include "activex/control_extent.hpp"
 #include "activex/errors.hpp"
@@ -37,7 +38,7 @@ HRESULT OleObject::SetClientSite(IOleClientSite* site) {
     const ComPtr<IOleClientSite> next(site);
     if (site_ && site != site_.Get().Get()) activation_.Deactivate_In_Place();
     site_.Set(site);
-    activation_.Follow_Ambients();
+    if (site) activation_.Follow_Ambients();
     return S_OK;
   });
 }
@@ -49,13 +50,11 @@ HRESULT OleObject::Close(DWORD save) {
   return Guarded([&]() -> HRESULT {
     const ComPtr<IUnknown> whole(&Whole());
     activation_.Deactivate_In_Place();
-    if (save != OLECLOSE_NOSAVE && record_.Is_Dirty() && site_) {
-      const auto site = site_.Get();
-      const HRESULT saved = site->SaveObject();
-      if (FAILED(saved)) return saved;
-    }
-    notices_.Closed();
-    return S_OK;
+    const auto site = site_.Get();
+    const bool saves = save != OLECLOSE_NOSAVE && record_.Is_Dirty() && site;
+    const HRESULT saved = saves ? site->SaveObject() : S_OK;
+    notices_.Closed();  // also where the save has failed
+    return FAILED(saved) ? saved : S_OK;
   });
 }
 
@@ -112,11 +111,12 @@ HRESULT OleObject::Show_Properties(HWND parent, LPCRECT position) {
   const HRESULT specified = specify ? specify->GetPages(&pages) : E_NOINTERFACE;
   if (FAILED(specified)) return specified;
   IUnknown* object = whole.Get();
+  const std::wstring name = site_.Display_Name();
   const UINT left = position ? static_cast<UINT>(position->left) : 0;
   const UINT top = position ? static_cast<UINT>(position->top) : 0;
-  const HRESULT shown =
-      OleCreatePropertyFrame(parent ? parent : activation_.Window(), left, top, User_Type, 1,
-                             &object, pages.cElems, pages.pElems, LOCALE_USER_DEFAULT, 0, nullptr);
+  const HRESULT shown = OleCreatePropertyFrame(
+      parent ? parent : activation_.Window(), left, top, name.empty() ? User_Type : name.c_str(), 1,
+      &object, pages.cElems, pages.pElems, LOCALE_USER_DEFAULT, 0, nullptr);
   CoTaskMemFree(pages.pElems);
   return shown;
 }
@@ -144,6 +144,9 @@ HRESULT OleObject::GetExtent(DWORD aspect, SIZEL* extent) {
 }
 
 HRESULT OleObject::Advise(IAdviseSink* sink, DWORD* cookie) {
+  if (!cookie) return E_POINTER;
+  *cookie = 0;
+  if (!sink) return E_INVALIDARG;
   ComPtr<IOleAdviseHolder> sinks;
   const HRESULT made = notices_.Object_Sinks(sinks.Receive());
   return FAILED(made) ? made : sinks->Advise(sink, cookie);

@@ -13,6 +13,7 @@ constexpr wchar_t Stream_Name[] = L"Quillspeech";
 
 HRESULT PersistStorage::InitNew(IStorage* storage) {
   if (!storage) return E_POINTER;
+  if (state_ != State::No_Storage) return CO_E_ALREADYINITIALIZED;
   const ComPtr<IUnknown> whole(&Whole());
   const HRESULT begun = record_.Initialise();
   if (SUCCEEDED(begun)) state_ = State::Normal;
@@ -21,6 +22,7 @@ HRESULT PersistStorage::InitNew(IStorage* storage) {
 
 HRESULT PersistStorage::Load(IStorage* storage) {
   if (!storage) return E_POINTER;
+  if (state_ != State::No_Storage) return CO_E_ALREADYINITIALIZED;
   const ComPtr<IUnknown> whole(&Whole());
   ComPtr<IStream> stream;
   HRESULT result = storage->OpenStream(Stream_Name, nullptr, STGM_READ | STGM_SHARE_EXCLUSIVE, 0,

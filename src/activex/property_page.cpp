@@ -1,15 +1,14 @@
 #include "activex/property_page.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cwchar>
 #include <string>
 #include <utility>
 
 #include "activex/errors.hpp"
-#include "activex/guids.hpp"
 #include "activex/late_bound_members.hpp"
 #include "activex/module.hpp"
+#include "activex/page_classes.hpp"
 #include "core/member_table.hpp"
 #include "core/property_page_layout.hpp"
 #include "platform/windows/form_layout.hpp"
@@ -19,32 +18,12 @@
 namespace quillspeech::activex {
 namespace {
 
-// In the order of Property_Pages().
-constexpr std::array Page_Classes = {
-    &CLSID_StartingKeys,     &CLSID_InterestingSettings, &CLSID_WindowsTechnicalSettings,
-    &CLSID_EngineDepartment, &CLSID_LanguageDepartment,  &CLSID_WaveAudioDepartment,
-    &CLSID_ErrorDepartment,  &CLSID_SoundCardSettings,
-};
-static_assert(Page_Classes.size() == Property_Page_Count);
-
-const PropertyPage* Page_Of(REFCLSID id) {
-  for (std::size_t i = 0; i < Page_Classes.size(); ++i) {
-    if (IsEqualCLSID(*Page_Classes[i], id)) return &Property_Pages()[i];
-  }
-  return nullptr;
-}
-
 LPOLESTR Given_String(std::string_view text) {
   const std::wstring wide = windows::Wide(text);
   const std::size_t length = wide.size() + 1;
   auto* const given = static_cast<LPOLESTR>(CoTaskMemAlloc(length * sizeof(wchar_t)));
   if (given) std::wmemcpy(given, wide.c_str(), length);
   return given;
-}
-
-ChildPlace Child_Place(const RECT& place) {
-  return {static_cast<int>(place.left), static_cast<int>(place.top),
-          static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top)};
 }
 
 // That of the largest page, so that each fills the frame.
@@ -91,17 +70,15 @@ IUnknown* PropertyPageObject::Interface_Of(REFIID iid) {
 
 PropertyPageObject::Page::Page(IUnknown& whole, const PropertyPage& page)
     : PartOf(whole), form_(page, Module::Of_This_File().Session(), [this] { return Window(); }) {
-  form_.At_Change = [this] { On_Change(); };
+  form_.At_Change = [this] { Tell_Status(); };
 }
 
-std::intptr_t PropertyPageObject::Page::Window() const {
-  return Views().Window_Of(const_cast<PageForm&>(form_).View());
-}
+std::intptr_t PropertyPageObject::Page::Window() const { return Views().Window_Of(form_.View()); }
 
-void PropertyPageObject::Page::On_Change() {
+void PropertyPageObject::Page::Tell_Status() {
   const ComPtr<IUnknown> whole(&Whole());
   const auto site = site_;
-  if (site) site->OnStatusChange(PROPPAGESTATUS_DIRTY | PROPPAGESTATUS_VALIDATE);
+  if (site) site->OnStatusChange(form_.Is_Changed() ? PROPPAGESTATUS_DIRTY : 0);
 }
 
 HRESULT PropertyPageObject::Page::SetPageSite(IPropertyPageSite* site) {
@@ -112,11 +89,14 @@ HRESULT PropertyPageObject::Page::SetPageSite(IPropertyPageSite* site) {
 
 HRESULT PropertyPageObject::Page::With_Members(void (PageForm::*procedure)(MemberSource&)) {
   const ComPtr<IUnknown> whole(&Whole());
+  const bool was_changed = form_.Is_Changed();
   LateBoundMembers members(object_);
-  return members.Result(Coded([&] {  // the words are the member's own
+  const HRESULT result = members.Result(Guarded([&] {  // the words are the member's own
     (form_.*procedure)(members);
     return S_OK;
   }));
+  if (form_.Is_Changed() != was_changed) Tell_Status();
+  return result;
 }
 
 // Objects that cannot be reached by name are none for it.
@@ -131,13 +111,12 @@ HRESULT PropertyPageObject::Page::SetObjects(ULONG count, IUnknown** objects) {
 
 HRESULT PropertyPageObject::Page::Activate(HWND parent, LPCRECT place, BOOL) {
   if (!place) return E_POINTER;
-  if (is_active_) return E_UNEXPECTED;
+  if (is_active_ || !object_) return E_UNEXPECTED;
   return Guarded([&]() -> HRESULT {
     const ComPtr<IUnknown> whole(&Whole());
-    Views().Make_Child(form_.View(), reinterpret_cast<std::intptr_t>(parent), Child_Place(*place),
-                       ChildMode::Live);
+    Views().Make_Child(form_.View(), reinterpret_cast<std::intptr_t>(parent),
+                       windows::Child_Place_Of(*place), ChildMode::Live);
     is_active_ = true;
-    if (!object_) return S_OK;
     const HRESULT shown = With_Members(&PageForm::PropertyPage_SelectionChanged);
     if (FAILED(shown)) Close();
     return shown;
@@ -171,6 +150,7 @@ HRESULT PropertyPageObject::Page::GetPageInfo(PROPPAGEINFO* information) {
 
 HRESULT PropertyPageObject::Page::Show(UINT command) {
   if (!is_active_) return E_UNEXPECTED;
+  if (command != SW_SHOW && command != SW_SHOWNORMAL && command != SW_HIDE) return E_INVALIDARG;
   return Guarded([&] {
     if (command == SW_HIDE) {
       Views().Hide(form_.View());
@@ -185,7 +165,7 @@ HRESULT PropertyPageObject::Page::Move(LPCRECT place) {
   if (!place) return E_POINTER;
   if (!is_active_) return E_UNEXPECTED;
   return Guarded([&] {
-    Views().Move_Child(form_.View(), Child_Place(*place));
+    Views().Move_Child(form_.View(), windows::Child_Place_Of(*place));
     return S_OK;
   });
 }

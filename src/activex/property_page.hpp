@@ -1,9 +1,6 @@
 // IPropertyPage2: one of the eight pages in a container's property frame.
 #pragma once
 
-#include <functional>
-#include <optional>
-
 #include "activex/aggregated_object.hpp"
 #include "activex/com.hpp"
 #include "core/property_pages.hpp"
@@ -26,10 +23,12 @@ class PropertyPageObject final : public AggregatedObject {
     ~Page() { Close(); }
 
     HRESULT STDMETHODCALLTYPE SetPageSite(IPropertyPageSite* site) override;
+    // E_UNEXPECTED before the page has an object to show.
     HRESULT STDMETHODCALLTYPE Activate(HWND parent, LPCRECT place, BOOL modal) override;
     HRESULT STDMETHODCALLTYPE Deactivate() override;
     HRESULT STDMETHODCALLTYPE GetPageInfo(PROPPAGEINFO* information) override;
     HRESULT STDMETHODCALLTYPE SetObjects(ULONG count, IUnknown** objects) override;
+    // SW_SHOW, SW_SHOWNORMAL or SW_HIDE.
     HRESULT STDMETHODCALLTYPE Show(UINT command) override;
     HRESULT STDMETHODCALLTYPE Move(LPCRECT place) override;
     HRESULT STDMETHODCALLTYPE IsPageDirty() override { return form_.Is_Changed() ? S_OK : S_FALSE; }
@@ -41,7 +40,7 @@ class PropertyPageObject final : public AggregatedObject {
 
    private:
     HRESULT With_Members(void (PageForm::*procedure)(MemberSource&));
-    void On_Change();
+    void Tell_Status();
     std::intptr_t Window() const;
     void Close();
 

@@ -9,7 +9,7 @@ namespace quillspeech::activex {
 HRESULT ProvideClassInfo::GetClassInfo(ITypeInfo** information) {
   if (!information) return E_POINTER;
   *information = nullptr;
-  return Coded([&] { return Module::Of_This_File().Type_Info(CLSID_Quillspeech, information); });
+  return Guarded([&] { return Module::Of_This_File().Type_Info(CLSID_Quillspeech, information); });
 }
 
 HRESULT ProvideClassInfo::GetGUID(DWORD kind, GUID* guid) {

@@ -5,6 +5,9 @@
 
 #include "activex/guids.hpp"
 #include "activex/module.hpp"
+#include "activex/ole_object.hpp"
+#include "activex/page_classes.hpp"
+#include "platform/windows/text.hpp"
 
 // In the system since Windows Vista; the compiler's headers have neither.
 STDAPI RegisterTypeLibForUser(ITypeLib* library, OLECHAR* file, OLECHAR* help_folder);
@@ -17,10 +20,6 @@ constexpr wchar_t Version[] = L"1.0";
 constexpr WORD Version_Major = 1;
 constexpr WORD Version_Minor = 0;
 
-// What the control is to its container.
-constexpr DWORD Misc_Status = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE |
-                              OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
-                              OLEMISC_SETCLIENTSITEFIRST;
 static_assert(Misc_Status == 131473);
 
 // Not among them: safe for scripting, safe for initialising. The control opens files and
@@ -30,21 +29,6 @@ constexpr std::array Categories = {
     L"{40FC6ED5-2438-11CF-A3DB-080036F12502}",  // programmable
     L"{0DE86A53-2BAA-11CF-A229-00AA003D7352}",  // persists to a stream that it can initialise
     L"{0DE86A57-2BAA-11CF-A229-00AA003D7352}",  // persists to a property bag
-};
-
-struct PageClass {
-  const GUID& id;
-  const wchar_t* name;
-};
-constexpr std::array Page_Classes = {
-    PageClass{CLSID_StartingKeys, L"StartingKeys"},
-    PageClass{CLSID_InterestingSettings, L"InterestingSettings"},
-    PageClass{CLSID_WindowsTechnicalSettings, L"WindowsTechnicalSettings"},
-    PageClass{CLSID_LanguageDepartment, L"LanguageDepartment"},
-    PageClass{CLSID_WaveAudioDepartment, L"WaveAudioDepartment"},
-    PageClass{CLSID_ErrorDepartment, L"ErrorDepartment"},
-    PageClass{CLSID_SoundCardSettings, L"SoundCardSettings"},
-    PageClass{CLSID_EngineDepartment, L"EngineDepartment"},
 };
 
 // The library registers its interfaces too.
@@ -113,9 +97,10 @@ void Add_Program_Ids(Rows& rows) {
 }
 
 void Add_Pages(Rows& rows, std::wstring_view file) {
-  for (const PageClass& page : Page_Classes) {
-    const std::wstring key = Class_Key(page.id);
-    rows.push_back({key, L"", std::wstring(L"Quillspeech ") + page.name + L" Property Page"});
+  for (const CLSID& page : Page_Classes) {
+    const std::wstring key = Class_Key(page);
+    const std::wstring name = windows::Wide(Page_Of(page)->name);
+    rows.push_back({key, L"", L"Quillspeech " + name + L" Property Page"});
     Add_Server(rows, key, file);
   }
 }
@@ -207,8 +192,8 @@ bool Remove_Classes(const Classes& classes) {
   bool is_clean = classes.Remove(Program_Id);
   is_clean = classes.Remove(Versioned_Program_Id) && is_clean;
   is_clean = classes.Remove(Class_Key(CLSID_Quillspeech)) && is_clean;
-  for (const PageClass& page : Page_Classes) {
-    is_clean = classes.Remove(Class_Key(page.id)) && is_clean;
+  for (const CLSID& page : Page_Classes) {
+    is_clean = classes.Remove(Class_Key(page)) && is_clean;
   }
   return is_clean;
 }

@@ -1,28 +1,16 @@
 #include "activex/specify_property_pages.hpp"
 
 #include <algorithm>
-#include <array>
-
-#include "activex/guids.hpp"
 
 namespace quillspeech::activex {
-namespace {
-
-constexpr std::array Pages = {
-    CLSID_StartingKeys,     CLSID_InterestingSettings, CLSID_WindowsTechnicalSettings,
-    CLSID_EngineDepartment, CLSID_LanguageDepartment,  CLSID_WaveAudioDepartment,
-    CLSID_ErrorDepartment,  CLSID_SoundCardSettings,
-};
-
-}  // namespace
 
 HRESULT SpecifyPropertyPages::GetPages(CAUUID* pages) {
   if (!pages) return E_POINTER;
   *pages = {};
-  pages->pElems = static_cast<GUID*>(CoTaskMemAlloc(sizeof Pages));
+  pages->pElems = static_cast<GUID*>(CoTaskMemAlloc(sizeof Page_Classes));
   if (!pages->pElems) return E_OUTOFMEMORY;
-  std::ranges::copy(Pages, pages->pElems);
-  pages->cElems = Pages.size();
+  std::ranges::copy(Page_Classes, pages->pElems);
+  pages->cElems = Page_Classes.size();
   return S_OK;
 }
 

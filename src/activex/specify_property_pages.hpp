@@ -2,6 +2,7 @@
 #pragma once
 
 #include "activex/com.hpp"
+#include "activex/page_classes.hpp"
 
 namespace quillspeech::activex {
 

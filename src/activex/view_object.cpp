@@ -6,8 +6,6 @@
 namespace quillspeech::activex {
 namespace {
 
-constexpr LONG Whole_Object = -1;
-
 HRESULT Check_View(DWORD aspect, LONG index) {
   if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
   return index == Whole_Object ? S_OK : DV_E_LINDEX;
@@ -35,10 +33,10 @@ HRESULT ViewObject::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, LOGPAL
 }
 
 HRESULT ViewObject::SetAdvise(DWORD aspects, DWORD flags, IAdviseSink* sink) {
-  if (sink && aspects != DVASPECT_CONTENT) return DV_E_DVASPECT;
+  if (sink && !(aspects & DVASPECT_CONTENT)) return DV_E_DVASPECT;
   const ComPtr<IUnknown> whole(&Whole());
   notices_.Set_View_Sink(aspects, flags, sink);
-  if (flags & ADVF_PRIMEFIRST) notices_.View_Changed(*whole);
+  if (flags & ADVF_PRIMEFIRST) notices_.Tell_View_Sink();
   return S_OK;
 }
 

@@ -64,7 +64,7 @@ int Run_Parsed(CommandLine& line, Console& console) {
   if (*line.recognize_command) return Recognize_Files(std::move(line.recognize), console);
   if (*line.learn_command) return Learn_Word(std::move(line.learn), console);
   if (*line.evaluate_command) return Evaluate_Files(std::move(line.evaluate), console);
-  if (*line.listen_command) return Listen(std::move(line.listen), console);
+  if (*line.listen_command) return Listen(line.listen, console);
   if (*line.devices_command) return Tell_Of_Devices(line.devices, console);
   return line.data_exit_status;
 }

@@ -84,7 +84,7 @@ void Hear_Cue_Out(const LiveSession& live, const Console& console) {
 
 }  // namespace
 
-int Listen(ListenOptions options, Console& console) {
+int Listen(const ListenOptions& options, Console& console) {
   if (!Check_Options(options.run, console.err)) return Exit_Wrong_Usage;
   console.interrupt_is_an_end = true;
   console.take_interrupts();

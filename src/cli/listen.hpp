@@ -20,6 +20,6 @@ struct ListenOptions {
 CLI::App& Add_Listen_Command(CLI::App& app, ListenOptions& options);
 
 // Gives an ExitStatus once the session has ended.
-int Listen(ListenOptions options, Console& console);
+int Listen(const ListenOptions& options, Console& console);
 
 }  // namespace quillspeech::cli

@@ -8,7 +8,7 @@
 int main(int count, char** arguments) {
   using namespace quillspeech::cli;
   constexpr int Standard_Input = 0;
-  Prepare_Process();
+  const PreparedProcess process;
   InterruptWatch interrupts;
   InterruptibleInput bytes(Standard_Input, interrupts);
   std::istream input(&bytes);

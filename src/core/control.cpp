@@ -21,7 +21,7 @@ void Show_Window(Session& session, const Operations::Procedure& show) {
 }  // namespace
 
 std::shared_ptr<Control> Control::Make(Session& session, Container& container) {
-  const std::shared_ptr<Control> control(new Control(session, container));
+  std::shared_ptr<Control> control(new Control(session, container));
   control->UserControl_Initialize();
   return control;
 }
@@ -116,6 +116,11 @@ bool Control::Click_On(std::string_view child) {
     return true;
   }
   return child == "Text1" || child == "Text2";
+}
+
+void Control::Type_Into(std::string_view child, std::string_view text) {
+  if (child == "Text1") Show(&Face::Text1, std::string(text));
+  if (child == "Text2") Show(&Face::Text2, std::string(text));
 }
 
 void Control::AboutBox() { Show_Window(session, session.operations.Show_Help); }

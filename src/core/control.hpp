@@ -63,6 +63,8 @@ class Control : public std::enable_shared_from_this<Control> {
   // A person's click on the child control of that name; the text boxes do nothing then. False when
   // nothing of that name can be clicked.
   bool Click_On(std::string_view child);
+  // What a person has made of the text in Text1 or Text2 stays until a result takes its place.
+  void Type_Into(std::string_view child, std::string_view text);
 
   // The event pump, every 50 ms while Timer1 is on. Traps no failure; the timer's tick does.
   void Timer1_Timer();

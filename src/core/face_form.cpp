@@ -81,6 +81,11 @@ std::unique_ptr<Form> Make_Face_Form(Control& control) {
       if (const auto living = clicked.lock()) living->Click_On(name);
     });
   }
+  for (const std::string_view box : {"Text1", "Text2"}) {
+    form->On(box, FormEvent::Change, [typed = control.weak_from_this(), box, &face = *form] {
+      if (const auto living = typed.lock()) living->Type_Into(box, face[box].text);
+    });
+  }
   Show_Face(*form, control.face);
   return form;
 }

@@ -58,6 +58,7 @@ class PageForm {
   void PropertyPage_ApplyChanges(MemberSource& control);
 
   Form& View() { return form_; }
+  const Form& View() const { return form_; }
   const PropertyPage& Page() const { return page_; }
   bool Is_Changed() const { return is_changed_; }
 

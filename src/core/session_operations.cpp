@@ -61,13 +61,7 @@ void Begin_Live_Work(Control& control) {
 
 void End_Live_Work(Control& control) {
   Session& session = control.session;
-  session.flags.Session_Started = 0;
-  session.flags.Operation_Status = "Sleeping";
-  Halt_Capture(session);
-  session.ports.events.Enable(FormTimer::Timer1, false);
-  session.flags.Session_Alive = False;
-  session.data.Main_File_Number.Close();
-  session.ports.cues.Purge();
+  Halt_Session(session);
   const std::string& cue = session.settings.Play_this_file_for_Stop;
   if (!cue.empty()) session.ports.cues.Play(cue, CueMode::Once);
   control.Raise(EventId::StopRecognitionActivity);
@@ -90,6 +84,16 @@ void End_Session(Session& session) {
 }
 
 }  // namespace
+
+void Halt_Session(Session& session) {
+  session.flags.Session_Started = 0;
+  session.flags.Operation_Status = "Sleeping";
+  Halt_Capture(session);
+  session.ports.events.Enable(FormTimer::Timer1, false);
+  session.flags.Session_Alive = False;
+  session.data.Main_File_Number.Close();
+  session.ports.cues.Purge();
+}
 
 void Start_Real_Action(Control& control) {
   const auto self = control.shared_from_this();

@@ -13,6 +13,9 @@ void Start_Real_Action(Control& control);
 // run-time failure a message box.
 void Stop_Real_Action(Control& control);
 
+// What that does to the session, whatever the control. Traps no failure.
+void Halt_Session(Session& session);
+
 // Abandons the sample and begins again at once; nothing unless the session is alive. With
 // incomplete settings a message box, and the session stays stopped. Traps no failure.
 void Restart(Control& control);

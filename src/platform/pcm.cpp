@@ -54,8 +54,9 @@ std::int32_t Height(const std::uint8_t* frame, const Shape& shape) {
   constexpr std::int32_t Lowest = -32'768;
   std::int32_t sum = 0;
   for (int channel = 0; channel < shape.channels; ++channel) {
-    sum += shape.bits == 8 ? frame[channel] * 256
-                           : From_Little_Endian<std::int16_t>(frame + 2 * channel) - Lowest;
+    sum += shape.bits == 8
+               ? frame[channel] * 256
+               : From_Little_Endian<std::int16_t>(frame + std::ptrdiff_t{2} * channel) - Lowest;
   }
   return sum;
 }

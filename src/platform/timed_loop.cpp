@@ -47,19 +47,21 @@ class TimedLoop::LoopTimer final : public Timer {
 
 class TimedLoop::Nesting {
  public:
-  explicit Nesting(int& depth) : depth_(depth) { ++depth_; }
-  ~Nesting() { --depth_; }
+  explicit Nesting(TimedLoop& loop) : loop_(loop) { ++loop_.depth_; }
+  ~Nesting() {
+    if (--loop_.depth_ == 0) loop_.On_Outermost_End();
+  }
   Nesting(const Nesting&) = delete;
   Nesting& operator=(const Nesting&) = delete;
 
  private:
-  int& depth_;
+  TimedLoop& loop_;
 };
 
 TimedLoop::TimedLoop() {
   constexpr std::array<int, Form_Timer_Count> Intervals_In_Ms = {1000, 1000, 5, 1000, 100};
   for (std::size_t i = 0; i < form_timers_.size(); ++i) {
-    form_timers_[i] = Make_Timer(std::chrono::milliseconds(Intervals_In_Ms[i]), [] {});
+    form_timers_[i] = TimedLoop::Make_Timer(std::chrono::milliseconds(Intervals_In_Ms[i]), [] {});
   }
 }
 
@@ -118,18 +120,18 @@ void TimedLoop::Run_What_Is_Due() {
 }
 
 void TimedLoop::Tick() {
-  const Nesting nesting(depth_);
+  const Nesting nesting(*this);
   Run_What_Is_Due();
 }
 
 void TimedLoop::Run_Pending_Events() {
-  const Nesting nesting(depth_);
+  const Nesting nesting(*this);
   On_Yield();
   Run_What_Is_Due();
 }
 
 void TimedLoop::Wait_For_Events() {
-  const Nesting nesting(depth_);
+  const Nesting nesting(*this);
   const auto due = Next_Due();
   if (!due || *due > Now()) Sleep_Until(due);
   Run_What_Is_Due();
@@ -138,7 +140,7 @@ void TimedLoop::Wait_For_Events() {
 // A sleep that ends early, since something is due, goes on after that.
 void TimedLoop::Pass(Time least) {
   constexpr Time Shortest_Sleep{1'000};  // below it a machine's own sleep takes longer than asked
-  const Nesting nesting(depth_);
+  const Nesting nesting(*this);
   const Time now = Now();
   const Time until = Start_Of_Pass(now) + least;
   passes_until_ = until;

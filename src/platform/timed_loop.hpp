@@ -55,6 +55,8 @@ class TimedLoop : public EventLoop {
   // Called when a timer or a source may have become due earlier than before: also ahead of each
   // tick, which may hold the loop for long, and behind each run of what was due.
   virtual void On_New_Due() {}
+  // Called when the outermost of nested calls ends: nothing of the loop is on the stack any more.
+  virtual void On_Outermost_End() noexcept {}
 
   // Runs what is due as a yield does, without On_Yield: for a tick that comes from outside.
   void Tick();

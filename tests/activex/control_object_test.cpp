@@ -142,6 +142,57 @@ TEST_F(ControlObjectTest, As_a_part_it_is_given_out_by_its_inner_identity_only) 
   EXPECT_EQ(object, nullptr);
 }
 
+// One that shows nothing of its part but the keeping of settings.
+class SelectiveOuter final : public IUnknown {
+ public:
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+    if (IsEqualIID(iid, IID_IPersistStreamInit)) return inner->QueryInterface(iid, object);
+    const bool is_own = IsEqualIID(iid, IID_IUnknown);
+    if (is_own) AddRef();
+    *object = is_own ? this : nullptr;
+    return is_own ? S_OK : E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+  ULONG STDMETHODCALLTYPE Release() override { return --references; }
+
+  ComPtr<IUnknown> inner;
+  ULONG references = 0;
+};
+
+TEST_F(ControlObjectTest, A_part_works_also_where_the_whole_hides_its_interfaces) {
+  SelectiveOuter outer;
+  ASSERT_EQ(Make_Control(&outer, IID_IUnknown, outer.inner.Receive_Void()), S_OK);
+  QACONTAINER from = {};
+  from.cbSize = sizeof from;
+  from.pClientSite = &container;
+  from.pAdviseSink = &container;
+  QACONTROL to = {};
+  to.cbSize = sizeof to;
+  EXPECT_EQ(outer.inner.As<IQuickActivate>()->QuickActivate(&from, &to), S_OK);
+  SIZEL extent = {};
+  EXPECT_EQ(outer.inner.As<IQuickActivate>()->GetContentExtent(&extent), S_OK);
+  FORMATETC format = {CF_METAFILEPICT, nullptr, DVASPECT_CONTENT, -1, TYMED_MFPICT};
+  DWORD cookie = 0;
+  EXPECT_EQ(outer.inner.As<IDataObject>()->DAdvise(&format, 0, &container, &cookie), S_OK);
+  container.Expect({"OnViewChange", "OnDataChange"});
+  DISPPARAMS nothing = {};
+  outer.inner.As<IDispatch>()->Invoke(Id_Of("Refresh", Access::Call), IID_NULL, LOCALE_NEUTRAL,
+                                      DISPATCH_METHOD, &nothing, nullptr, nullptr, nullptr);
+  container.Done();
+  EXPECT_EQ(outer.inner.As<IDataObject>()->DUnadvise(cookie), S_OK);
+  EXPECT_EQ(outer.inner.As<IViewObject>()->SetAdvise(0, 0, nullptr), S_OK);
+  const auto object = outer.inner.As<IOleObject>();
+  container.Expect_Activation();
+  container.Expect_UI_Activation();  // with an object for the frame
+  container.Expect({"OnFocus got"});
+  object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, nullptr, 0, container.window, nullptr);
+  container.Done();
+  container.Expect_UI_Deactivation();
+  container.Expect({"OnFocus lost", "OnInPlaceDeactivate"});
+  EXPECT_EQ(object->SetClientSite(nullptr), S_OK);
+  terminations = -1;
+}
+
 TEST_F(ControlObjectTest, A_sink_may_let_go_of_the_control_inside_an_event) {
   EventSink sink;
   sink.Connect(*control);
@@ -177,34 +228,6 @@ TEST_F(ControlObjectTest, A_timer_may_let_go_of_the_control_inside_a_wait) {
   session().operations.Show_Help = Operations::Nothing;
   EXPECT_EQ(terminations, 1);
 }
-
-// Answers the box with that title as soon as it shows.
-class BoxCloser {
- public:
-  BoxCloser(const wchar_t* title, std::function<void()> before)
-      : title_(title), before_(std::move(before)) {
-    Only() = this;
-    SetTimer(nullptr, 0, 10, Look);
-  }
-  int closed = 0;
-
- private:
-  static BoxCloser*& Only() {
-    static BoxCloser* only = nullptr;
-    return only;
-  }
-  static void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD) {
-    const HWND box = FindWindowW(nullptr, Only()->title_);
-    if (!box) return;
-    KillTimer(nullptr, timer);
-    Only()->before_();
-    ++Only()->closed;
-    PostMessageW(box, WM_COMMAND, IDOK, 0);
-  }
-
-  const wchar_t* title_;
-  std::function<void()> before_;
-};
 
 TEST_F(ControlObjectTest, A_container_may_let_go_of_the_control_behind_a_message_box) {
   BoxCloser closer(L"Quillspeech Start", [this] { control = nullptr; });

@@ -53,6 +53,33 @@ TEST_F(DataObjectTest, Its_formats_can_be_listed) {
   EXPECT_EQ(As<IDataObject>()->EnumFormatEtc(DATADIR_SET, formats.Receive()), E_NOTIMPL);
 }
 
+TEST_F(DataObjectTest, A_sink_is_checked_before_it_is_taken) {
+  const auto data = As<IDataObject>();
+  FORMATETC format = Metafile();
+  DWORD cookie = 7;
+  EXPECT_EQ(data->DAdvise(&format, 0, &container, nullptr), E_POINTER);
+  EXPECT_EQ(data->DAdvise(nullptr, 0, &container, &cookie), E_INVALIDARG);
+  EXPECT_EQ(data->DAdvise(&format, 0, nullptr, &cookie), E_INVALIDARG);
+  EXPECT_EQ(cookie, 0u);
+  format.cfFormat = CF_TEXT;
+  cookie = 7;
+  EXPECT_EQ(data->DAdvise(&format, 0, &container, &cookie), DV_E_FORMATETC);
+  EXPECT_EQ(cookie, 0u);
+  EXPECT_EQ(data->EnumDAdvise(nullptr), E_POINTER);
+  EXPECT_EQ(container.References(), 0u);
+}
+
+TEST_F(DataObjectTest, A_sink_that_wants_no_data_may_hear_of_any_format) {
+  const auto data = As<IDataObject>();
+  FORMATETC any = {0, nullptr, static_cast<DWORD>(-1), -1, static_cast<DWORD>(-1)};
+  DWORD cookie = 0;
+  EXPECT_EQ(data->DAdvise(&any, 0, &container, &cookie), DV_E_FORMATETC);
+  EXPECT_EQ(data->DAdvise(&any, ADVF_NODATA, &container, &cookie), S_OK);
+  container.Expect({"OnDataChange"});
+  EXPECT_EQ(Call("Refresh"), S_OK);
+  EXPECT_EQ(data->DUnadvise(cookie), S_OK);
+}
+
 TEST_F(DataObjectTest, A_sink_hears_when_the_picture_has_changed) {
   FORMATETC format = Metafile();
   DWORD cookie = 0;

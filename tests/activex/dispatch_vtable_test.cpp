@@ -160,6 +160,22 @@ TEST_F(DispatchVtable, A_failure_is_its_code_and_leaves_an_error_object) {
   EXPECT_EQ(interface_id, IID__Quillspeech);
 }
 
+TEST_F(DispatchVtable, Any_other_failure_takes_the_words_of_an_older_one_away) {
+  BSTR word = nullptr;
+  SHORT value = 0;
+  session.settings.Send_of_no = 500;
+  session.filter.Voice_Words_Explode_Count = 1;
+  const auto fail = [&] { Get(Place_Of("Voice_Word_Matched", Access::Get), &word); };
+  ComPtr<IErrorInfo> error;
+  fail();
+  EXPECT_EQ(Get<BSTR>(Place_Of("Open_this_Wave_File", Access::Get), nullptr), E_POINTER);
+  EXPECT_EQ(::GetErrorInfo(0, error.Receive()), S_FALSE);
+  fail();
+  owner.control.reset();
+  EXPECT_EQ(Get(Place_Of("Noise_Sensitivity", Access::Get), &value), RPC_E_DISCONNECTED);
+  EXPECT_EQ(::GetErrorInfo(0, error.Receive()), S_FALSE);
+}
+
 TEST_F(DispatchVtable, A_value_beyond_its_variable_is_failure_6) {
   EXPECT_EQ(Let<SHORT>(Place_Of("Noise_Word_No_CutOff", Access::Let), 256), Code_Of(6));
 }

@@ -195,5 +195,24 @@ TEST_F(EventsTest, A_change_is_told_by_the_id_of_its_member_also_when_events_are
   EXPECT_EQ(sink.object.edits_requested, 0);
 }
 
+TEST_F(EventsTest, What_is_being_told_is_not_told_anew_by_a_sink_that_reads_it) {
+  NotingSink sink(owner.points);
+  Connect(sink);
+  sink.object.At_Changed = [&](DISPID id) {
+    sink.changed.push_back(id);
+    script.Get(L"Platinum_Words");  // which announces itself
+    return S_OK;
+  };
+  host_program.At_Call = [&](std::string_view call) {
+    if (call == "Property_Changed") owner.events.Tell_Changed(host_program.changed.back());
+  };
+  script.Get(L"Platinum_Words");
+  EXPECT_EQ(sink.changed, std::vector<DISPID>{0x68030045});
+  script.Get(L"Platinum_Words");
+  EXPECT_EQ(sink.changed.size(), 2u);
+  owner.events.Tell_Changed("Enabled");  // another change is told meanwhile
+  EXPECT_EQ(sink.changed, (std::vector<DISPID>{0x68030045, 0x68030045, -514, 0x68030045}));
+}
+
 }  // namespace
 }  // namespace quillspeech::activex

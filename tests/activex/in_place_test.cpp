@@ -13,6 +13,7 @@ class InPlaceTest : public OleTest {
     container.Done();
     if (!control) return;
     if (Is_UI_Active()) container.Expect_UI_Deactivation();
+    if (Has_Focus()) container.Expect({"OnFocus lost"});
     if (Window()) container.Expect({"OnInPlaceDeactivate"});
     Withdraw();
   }
@@ -32,6 +33,33 @@ class InPlaceTest : public OleTest {
     ui_ = false;
   }
   bool Is_UI_Active() const { return ui_; }
+  bool Has_Focus() const { return Window() && IsChild(Window(), GetFocus()); }
+  void Change(DISPID ambient, bool to) {
+    container.ambients[ambient] = to;
+    EXPECT_EQ(As<IOleControl>()->OnAmbientPropertyChange(ambient), S_OK);
+  }
+  void Expect_Box() { container.Expect({"Frame.EnableModeless none", "Frame.EnableModeless"}); }
+  // Presses the start, which is told that settings are missing, without a hand on the button.
+  void Start() {
+    BoxCloser closer(L"Quillspeech Start", [] {});
+    Expect_Box();
+    SendMessageW(Window(), WM_COMMAND, MAKEWPARAM(0, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(Child(L"Start Recognition Activity")));
+    EXPECT_EQ(closer.closed, 1);
+  }
+  // One tick of the event pump, which the start leaves running.
+  void Tick() {
+    const std::string status = session().flags.Operation_Status;
+    Start();
+    session().flags.Operation_Status = status;
+    EventSink sink;
+    sink.Connect(*control);
+    while (sink.heard.empty()) Module::Of_This_File().Events().Wait_For_Events();
+    sink.Disconnect();
+  }
+  HRESULT Translate(MSG message) {
+    return As<IOleInPlaceActiveObject>()->TranslateAccelerator(&message);
+  }
 
   RECT Place_In_Container() const {
     RECT place = {};
@@ -103,6 +131,48 @@ TEST_F(InPlaceTest, A_container_that_fails_on_the_way_is_left_as_it_was_entered)
                     "OnInPlaceDeactivate"});
   EXPECT_EQ(Do(OLEIVERB_INPLACEACTIVATE), E_OUTOFMEMORY);
   EXPECT_EQ(Window(), nullptr);
+}
+
+TEST_F(InPlaceTest, A_container_without_a_window_is_left_as_it_was_entered) {
+  const HWND ended = CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 9, 9, container.window,
+                                     nullptr, nullptr, nullptr);
+  DestroyWindow(ended);
+  for (const HWND none : {static_cast<HWND>(nullptr), ended}) {
+    container.parent = none;
+    container.Expect({"CanInPlaceActivate", "OnInPlaceActivate", "GetWindow", "GetWindowContext",
+                      "OnInPlaceDeactivate"});
+    EXPECT_EQ(Do(OLEIVERB_INPLACEACTIVATE), E_FAIL);
+    container.Done();
+    EXPECT_EQ(Window(), nullptr);
+  }
+  container.parent = container.window;
+  Activate();
+}
+
+TEST_F(InPlaceTest, A_control_that_lost_its_window_with_the_parent_is_shown_anew) {
+  container.parent = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 0, 0, 300, 300,
+                                     container.window, nullptr, nullptr, nullptr);
+  Activate();
+  DestroyWindow(container.parent);
+  container.parent = container.window;
+  container.Expect({"OnInPlaceDeactivate"});
+  container.Expect_Activation();
+  EXPECT_EQ(Do(OLEIVERB_SHOW), S_OK);
+  container.Done();
+  EXPECT_TRUE(IsWindowVisible(Window()));
+}
+
+TEST_F(InPlaceTest, An_activation_in_the_midst_of_another_stands) {
+  container.At("GetWindowContext", [this] {
+    container.Expect({"OnInPlaceDeactivate"});
+    container.Expect_Activation();
+    EXPECT_EQ(As<IOleInPlaceObject>()->InPlaceDeactivate(), S_OK);
+    EXPECT_EQ(Do(OLEIVERB_INPLACEACTIVATE), S_OK);
+  });
+  container.Expect({"CanInPlaceActivate", "OnInPlaceActivate", "GetWindow", "GetWindowContext"});
+  EXPECT_EQ(Do(OLEIVERB_INPLACEACTIVATE), S_OK);
+  container.Done();
+  EXPECT_TRUE(IsWindowVisible(Window()));
 }
 
 TEST_F(InPlaceTest, A_site_that_is_no_place_cannot_hold_it) {
@@ -200,6 +270,139 @@ TEST_F(InPlaceTest, An_ambient_property_that_does_not_concern_it_changes_nothing
   EXPECT_TRUE(Child(L"Sleeping"));
 }
 
+TEST_F(InPlaceTest, Its_status_stays_unless_the_mode_is_another_one) {
+  Activate();
+  session().flags.Operation_Status = "Speechdetected";
+  Tick();
+  ASSERT_TRUE(Child(L"Speechdetected"));
+  EXPECT_EQ(As<IOleControl>()->OnAmbientPropertyChange(DISPID_AMBIENT_USERMODE), S_OK);
+  EXPECT_EQ(As<IOleControl>()->OnAmbientPropertyChange(DISPID_UNKNOWN), S_OK);
+  Change(DISPID_AMBIENT_UIDEAD, true);
+  Change(DISPID_AMBIENT_UIDEAD, false);
+  Place();
+  EXPECT_EQ(Do(OLEIVERB_SHOW), S_OK);  // it shows already
+  EXPECT_TRUE(Child(L"Speechdetected"));
+  EXPECT_EQ(Do(OLEIVERB_HIDE), S_OK);
+  EXPECT_EQ(Do(OLEIVERB_SHOW), S_OK);
+  EXPECT_TRUE(Child(L"Sleeping"));
+}
+
+TEST_F(InPlaceTest, Each_time_its_window_becomes_visible_it_begins_with_the_status_of_its_mode) {
+  Activate();
+  session().flags.Operation_Status = "Finish";
+  Tick();
+  ASSERT_TRUE(Child(L"Finish"));
+  Deactivate();
+  Activate();
+  EXPECT_TRUE(Child(L"Sleeping"));
+}
+
+TEST_F(InPlaceTest, An_inactive_control_tells_that_its_mode_is_another_one) {
+  Activate();
+  Deactivate();
+  EXPECT_EQ(As<IViewObject>()->SetAdvise(DVASPECT_CONTENT, 0, &container), S_OK);
+  container.Expect({"OnViewChange"});
+  Change(DISPID_AMBIENT_USERMODE, false);
+  container.Done();
+  EXPECT_EQ(As<IViewObject>()->SetAdvise(0, 0, nullptr), S_OK);
+}
+
+TEST_F(InPlaceTest, The_focus_leaves_it_when_it_is_to_take_no_keys) {
+  for (const DISPID ambient : {DISPID_AMBIENT_USERMODE, DISPID_AMBIENT_UIDEAD}) {
+    if (Window()) {
+      container.Expect_UI_Activation();
+      container.Expect({"OnFocus got"});
+      EXPECT_EQ(Do(OLEIVERB_UIACTIVATE), S_OK);
+    } else {
+      Activate_UI();
+    }
+    container.Expect_UI_Deactivation();
+    container.Expect({"OnFocus lost"});
+    Change(ambient, ambient == DISPID_AMBIENT_UIDEAD);
+    container.Done();
+    EXPECT_EQ(GetFocus(), container.window);
+    EXPECT_FALSE(IsWindowEnabled(Window()));
+    EXPECT_EQ(SendMessageW(Window(), WM_NCHITTEST, 0, 0), HTTRANSPARENT);
+    const HWND box = Child(L"Spoken Word :");
+    SendMessageW(box, WM_CHAR, 'x', 1);
+    EXPECT_TRUE(Child(L"Spoken Word :"));
+    Change(ambient, ambient != DISPID_AMBIENT_UIDEAD);
+    EXPECT_TRUE(IsWindowEnabled(Window()));
+  }
+  ui_ = false;
+}
+
+TEST_F(InPlaceTest, A_disabled_control_lets_go_of_the_focus) {
+  Activate_UI();
+  container.Expect({"OnFocus lost"});
+  EXPECT_EQ(Let("Enabled", "False"), S_OK);
+  EXPECT_EQ(GetFocus(), container.window);
+}
+
+TEST_F(InPlaceTest, A_click_anywhere_on_it_asks_for_the_keyboard) {
+  Activate();
+  for (const HWND part : {Window(), GetParent(Child(L"Sleeping")), Child(L"Sleeping")}) {
+    for (const UINT button : {WM_LBUTTONDOWN, WM_RBUTTONDOWN}) {
+      container.Expect_UI_Activation();
+      container.Expect({"OnFocus got"});
+      SendMessageW(part, button, MK_LBUTTON, MAKELPARAM(2, 2));
+      container.Done();
+      EXPECT_TRUE(Has_Focus());
+      ReleaseCapture();
+      container.Expect({"OnFocus lost"});
+      SetFocus(container.window);
+      Deactivate_UI();
+    }
+  }
+}
+
+TEST_F(InPlaceTest, What_a_person_types_stays_until_a_result_takes_its_place) {
+  Activate();
+  const HWND box = Child(L"Spoken Word :");
+  SendMessageW(box, EM_SETSEL, 0, -1);
+  SendMessageW(box, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L"typed"));
+  Change(DISPID_AMBIENT_USERMODE, false);  // which changes the status
+  EXPECT_TRUE(Child(L"typed"));
+  Change(DISPID_AMBIENT_USERMODE, true);
+  session().results.Platinum_Best_Table[1] = "hello";
+  Tick();
+  EXPECT_TRUE(Child(L"hello"));
+  session().results.Platinum_Best_Table[1] = "";
+}
+
+TEST_F(InPlaceTest, A_start_with_incomplete_settings_tells_so_and_then_of_its_status_all_the_same) {
+  EventSink sink;
+  sink.Connect(*control);
+  Activate();
+  Start();
+  EXPECT_EQ(session().flags.Session_Alive, 0);
+  sink.heard.clear();
+  while (sink.heard.empty()) Module::Of_This_File().Events().Wait_For_Events();
+  EXPECT_EQ(sink.heard.front(), EventId::PropertyStatusBetweenDetectionToCoversion);
+  sink.Disconnect();
+}
+
+TEST_F(InPlaceTest, A_failure_that_nobody_traps_is_told_in_a_box) {
+  EventSink sink;
+  sink.Connect(*control);
+  Activate();
+  sink.At_Event = [] { Fail(Failure::Division_By_Zero); };
+  std::wstring words;
+  BoxCloser closer(L"Quillspeech", [&] {
+    const HWND box = FindWindowW(nullptr, L"Quillspeech");
+    wchar_t text[100] = {};
+    GetDlgItemTextW(box, 0xFFFF, text, 100);
+    words = text;
+  });
+  Expect_Box();
+  SendMessageW(GetParent(Child(L"Sleeping")), WM_COMMAND, MAKEWPARAM(0, STN_CLICKED),
+               reinterpret_cast<LPARAM>(Child(L"Sleeping")));
+  EXPECT_EQ(closer.closed, 1);
+  EXPECT_EQ(words, L"Division by zero");
+  EXPECT_TRUE(IsWindowVisible(Window()));
+  sink.Disconnect();
+}
+
 TEST_F(InPlaceTest, In_design_mode_every_click_falls_through_to_the_container) {
   container.ambients[DISPID_AMBIENT_USERMODE] = false;
   Activate();
@@ -237,7 +440,7 @@ TEST_F(InPlaceTest, The_control_may_go_while_one_of_its_buttons_is_pressed) {
   session().flags.Session_Alive = -1;
   sink.At_Event = [this] {
     container.Expect_UI_Deactivation();
-    container.Expect({"OnInPlaceDeactivate"});
+    container.Expect({"OnFocus lost", "OnInPlaceDeactivate"});
     Withdraw();
     control = nullptr;
   };
@@ -280,9 +483,10 @@ TEST_F(InPlaceTest, Losing_the_keyboard_leaves_it_in_place) {
 TEST_F(InPlaceTest, Deactivation_takes_the_keyboard_first) {
   Activate_UI();
   container.Expect_UI_Deactivation();
-  container.Expect({"OnInPlaceDeactivate"});
+  container.Expect({"OnFocus lost", "OnInPlaceDeactivate"});
   EXPECT_EQ(As<IOleInPlaceObject>()->InPlaceDeactivate(), S_OK);
   ui_ = false;
+  EXPECT_EQ(GetFocus(), container.window);
 }
 
 TEST_F(InPlaceTest, Focus_that_comes_by_itself_asks_the_container_for_the_keyboard) {
@@ -331,10 +535,37 @@ TEST_F(InPlaceTest, The_tab_key_goes_round_inside_and_out_to_the_container_at_th
 TEST_F(InPlaceTest, A_key_that_means_nothing_to_it_is_the_containers) {
   Activate_UI();
   container.Refuse("TranslateAccelerator", S_FALSE);
-  container.Expect({"TranslateAccelerator"});
-  MSG key = Key(container.window, VK_F5);
-  EXPECT_EQ(As<IOleInPlaceActiveObject>()->TranslateAccelerator(&key), S_FALSE);
+  const HWND focus = GetFocus();
+  const std::vector<MSG> keys = {
+      Key(container.window, VK_F5),
+      Key(focus, VK_F5),
+      Key(focus, 'S'),
+      Key(focus, VK_ESCAPE),
+      {focus, WM_SYSKEYDOWN, 'F', 0, 0, {}},
+      {focus, WM_SYSCHAR, 'f', 0, 0, {}},
+  };
+  for (const MSG& key : keys) {
+    container.Expect({"TranslateAccelerator"});
+    EXPECT_EQ(Translate(key), S_FALSE) << key.wParam;
+    container.Done();
+  }
   EXPECT_EQ(As<IOleInPlaceActiveObject>()->TranslateAccelerator(nullptr), E_POINTER);
+}
+
+TEST_F(InPlaceTest, The_tab_key_leaves_it_also_while_the_session_waits) {
+  Activate_UI();
+  const HWND first = GetNextDlgTabItem(Window(), nullptr, FALSE);
+  const HWND last = GetNextDlgTabItem(Window(), first, TRUE);
+  SetFocus(last);
+  container.Expect({"TranslateAccelerator"});
+  container.At("TranslateAccelerator", [this] {
+    container.Expect({"OnFocus lost"});
+    SetFocus(container.window);
+  });
+  PostMessageW(last, WM_KEYDOWN, VK_TAB, 1);
+  Module::Of_This_File().Events().Run_Pending_Events();
+  container.Done();
+  EXPECT_EQ(GetFocus(), container.window);
 }
 
 TEST_F(InPlaceTest, A_container_may_close_it_in_the_midst_of_its_activation) {
@@ -367,6 +598,7 @@ TEST_F(InPlaceTest, A_container_may_let_go_of_it_in_the_midst_of_its_activation)
     container.Expect({"OnInPlaceDeactivate"});
     Withdraw();
     control = nullptr;
+    EXPECT_GT(container.References(), 0u);  // the call that stands keeps the site
   });
   container.Expect_Activation();
   container.Expect({"OnUIActivate"});

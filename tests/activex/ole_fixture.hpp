@@ -122,6 +122,34 @@ class OleTest : public testing::Test {
   ComPtr<IUnknown> control;
 };
 
+// Answers the box with that title as soon as it shows.
+class BoxCloser {
+ public:
+  BoxCloser(const wchar_t* title, std::function<void()> before)
+      : title_(title), before_(std::move(before)) {
+    Only() = this;
+    SetTimer(nullptr, 0, 10, Look);
+  }
+  int closed = 0;
+
+ private:
+  static BoxCloser*& Only() {
+    static BoxCloser* only = nullptr;
+    return only;
+  }
+  static void CALLBACK Look(HWND, UINT, UINT_PTR timer, DWORD) {
+    const HWND box = FindWindowW(nullptr, Only()->title_);
+    if (!box) return;
+    KillTimer(nullptr, timer);
+    Only()->before_();
+    ++Only()->closed;
+    PostMessageW(box, WM_COMMAND, IDOK, 0);
+  }
+
+  const wchar_t* title_;
+  std::function<void()> before_;
+};
+
 // Hears the control's events, and does something at one of them.
 class EventSink final : public IDispatch {
  public:

@@ -63,6 +63,22 @@ TEST_F(OleObjectTest, It_has_a_name_for_its_users_also_when_it_is_not_registered
   CoTaskMemFree(name);
 }
 
+TEST_F(OleObjectTest, Pointers_to_nowhere_are_refused) {
+  const auto object = As<IOleObject>();
+  DWORD cookie = 7;
+  EXPECT_EQ(object->Advise(&container, nullptr), E_POINTER);
+  EXPECT_EQ(object->Advise(nullptr, &cookie), E_INVALIDARG);
+  EXPECT_EQ(cookie, 0u);
+  EXPECT_EQ(container.References(), 0u);
+  EXPECT_EQ(object->EnumAdvise(nullptr), E_POINTER);
+  EXPECT_EQ(object->GetExtent(DVASPECT_CONTENT, nullptr), E_POINTER);
+  EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, nullptr), E_POINTER);
+  EXPECT_EQ(object->GetUserType(USERCLASSTYPE_FULL, nullptr), E_POINTER);
+  EXPECT_EQ(object->GetMiscStatus(DVASPECT_CONTENT, nullptr), E_POINTER);
+  EXPECT_EQ(object->EnumVerbs(nullptr), E_POINTER);
+  EXPECT_EQ(object->GetClientSite(nullptr), E_POINTER);
+}
+
 TEST_F(OleObjectTest, Its_verbs_stand_in_the_registry) {
   ComPtr<IEnumOLEVERB> verbs;
   EXPECT_EQ(As<IOleObject>()->EnumVerbs(verbs.Receive()), OLE_S_USEREG);
@@ -96,9 +112,12 @@ TEST_F(OleObjectTest, A_changed_control_has_its_site_save_it_when_it_closes) {
 TEST_F(OleObjectTest, A_failed_save_goes_out_of_the_close) {
   Place();
   EXPECT_EQ(Let("Noise_Sensitivity", "7"), S_OK);
+  DWORD cookie = 0;
+  EXPECT_EQ(As<IOleObject>()->Advise(&container, &cookie), S_OK);
   container.Refuse("SaveObject", STG_E_MEDIUMFULL);
-  container.Expect({"SaveObject"});
+  container.Expect({"SaveObject", "OnClose"});  // closed it is all the same
   EXPECT_EQ(As<IOleObject>()->Close(OLECLOSE_SAVEIFDIRTY), STG_E_MEDIUMFULL);
+  EXPECT_EQ(As<IOleObject>()->Unadvise(cookie), S_OK);
 }
 
 TEST_F(OleObjectTest, Sinks_hear_of_the_close_until_they_are_taken_away) {
@@ -165,7 +184,7 @@ TEST_F(OleObjectTest, The_primary_verb_uses_the_control_at_run_time_and_shows_pr
   EXPECT_EQ(Do(OLEIVERB_PRIMARY), S_OK);
   container.Done();
   container.Expect_UI_Deactivation();
-  container.Expect({"OnInPlaceDeactivate"});
+  container.Expect({"OnFocus lost", "OnInPlaceDeactivate"});
 }
 
 }  // namespace

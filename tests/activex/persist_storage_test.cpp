@@ -17,6 +17,11 @@ class PersistStorageTest : public OleTest {
     EXPECT_TRUE(storage);
   }
   ComPtr<IPersistStorage> Persist() { return As<IPersistStorage>(); }
+  // Each is begun or loaded once.
+  void Make_Another() {
+    control = New_Control();
+    terminations = 0;
+  }
 
   ComPtr<ILockBytes> bytes;
   ComPtr<IStorage> storage;
@@ -29,19 +34,26 @@ TEST_F(PersistStorageTest, What_was_saved_comes_back) {
   EXPECT_EQ(Persist()->SaveCompleted(nullptr), S_OK);
   EXPECT_EQ(Persist()->IsDirty(), S_FALSE);
   Forget_Settings(session());
+  Make_Another();
   EXPECT_EQ(Persist()->Load(storage.Get()), S_OK);
   EXPECT_EQ(Get("Noise_Sensitivity"), "9");
+  EXPECT_EQ(Persist()->Load(storage.Get()), CO_E_ALREADYINITIALIZED);
+  EXPECT_EQ(Persist()->InitNew(storage.Get()), CO_E_ALREADYINITIALIZED);
 }
 
 TEST_F(PersistStorageTest, A_copy_leaves_it_dirty_until_the_copy_is_its_own) {
   EXPECT_EQ(Persist()->InitNew(storage.Get()), S_OK);
   EXPECT_EQ(Persist()->Save(storage.Get(), FALSE), S_OK);
-  EXPECT_EQ(Persist()->SaveCompleted(nullptr), S_OK);
+  DWORD cookie = 0;
+  EXPECT_EQ(As<IOleObject>()->Advise(&container, &cookie), S_OK);
+  EXPECT_EQ(Persist()->SaveCompleted(nullptr), S_OK);  // and nobody is told of a copy
   EXPECT_EQ(Persist()->IsDirty(), S_OK);
   EXPECT_EQ(Persist()->Save(storage.Get(), FALSE), S_OK);
   EXPECT_EQ(Persist()->HandsOffStorage(), S_OK);
+  container.Expect({"OnSave"});
   EXPECT_EQ(Persist()->SaveCompleted(storage.Get()), S_OK);
   EXPECT_EQ(Persist()->IsDirty(), S_FALSE);
+  EXPECT_EQ(As<IOleObject>()->Unadvise(cookie), S_OK);
 }
 
 TEST_F(PersistStorageTest, Calls_out_of_turn_are_refused) {
@@ -49,7 +61,9 @@ TEST_F(PersistStorageTest, Calls_out_of_turn_are_refused) {
   EXPECT_EQ(Persist()->HandsOffStorage(), E_UNEXPECTED);
   EXPECT_EQ(Persist()->InitNew(storage.Get()), S_OK);
   EXPECT_EQ(Persist()->InitNew(storage.Get()), CO_E_ALREADYINITIALIZED);
+  EXPECT_EQ(Persist()->Load(storage.Get()), CO_E_ALREADYINITIALIZED);
   EXPECT_EQ(Persist()->HandsOffStorage(), S_OK);
+  EXPECT_EQ(Persist()->Load(storage.Get()), CO_E_ALREADYINITIALIZED);
   EXPECT_EQ(Persist()->Save(storage.Get(), TRUE), E_UNEXPECTED);
   EXPECT_EQ(Persist()->SaveCompleted(nullptr), E_INVALIDARG);
   EXPECT_EQ(Persist()->SaveCompleted(storage.Get()), S_OK);

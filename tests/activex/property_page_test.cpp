@@ -204,11 +204,12 @@ TEST_F(PropertyPageTest, Typing_marks_it_as_changed_and_an_apply_sets_the_member
   Activate_On(*control);
   Type(Box(L"C:\\Page.EGN"), L"C:\\Typed.EGN");
   EXPECT_EQ(page->IsPageDirty(), S_OK);
-  EXPECT_EQ(site.told, std::vector<DWORD>{PROPPAGESTATUS_DIRTY | PROPPAGESTATUS_VALIDATE});
+  EXPECT_EQ(site.told, std::vector<DWORD>{PROPPAGESTATUS_DIRTY});
   EXPECT_EQ(Get("Consider_this_Engine_for_Recognition"), "C:\\Page.EGN");
   EXPECT_EQ(page->Apply(), S_OK);
   EXPECT_EQ(page->IsPageDirty(), S_FALSE);
   EXPECT_EQ(Get("Consider_this_Engine_for_Recognition"), "C:\\Typed.EGN");
+  EXPECT_EQ(site.told, (std::vector<DWORD>{PROPPAGESTATUS_DIRTY, 0}));  // nothing to apply now
 }
 
 TEST_F(PropertyPageTest, It_reads_and_sets_all_its_members_by_name_in_order) {
@@ -235,11 +236,15 @@ TEST_F(PropertyPageTest, Of_several_objects_the_first_is_shown_and_set) {
 }
 
 TEST_F(PropertyPageTest, A_new_selection_is_shown_while_the_page_is_active) {
-  Make(CLSID_StartingKeys);
+  Let("Consider_this_Engine_for_Recognition", "C:\\Page.EGN");
+  Make(CLSID_EngineDepartment);
   Activate_On(*control);
+  Type(Box(L"C:\\Page.EGN"), L"typed");
   IUnknown* objects[] = {&other};
   EXPECT_EQ(page->SetObjects(1, objects), S_OK);
-  EXPECT_EQ(other.gets, Starting_Keys);
+  EXPECT_EQ(other.gets.size(), Bound_Members(Property_Pages()[3]).size());
+  EXPECT_FALSE(Box(L"typed"));
+  EXPECT_EQ(site.told, (std::vector<DWORD>{PROPPAGESTATUS_DIRTY, 0}));
 }
 
 TEST_F(PropertyPageTest, A_member_that_fails_ends_the_apply_and_the_page_stays_changed) {
@@ -295,7 +300,10 @@ TEST_F(PropertyPageTest, Calls_out_of_turn_are_refused) {
   EXPECT_EQ(page->Deactivate(), E_UNEXPECTED);
   EXPECT_EQ(page->Move(&place), E_UNEXPECTED);
   EXPECT_EQ(page->Show(SW_SHOW), E_UNEXPECTED);
+  EXPECT_EQ(page->Activate(container.window, &place, FALSE), E_UNEXPECTED);  // nothing to show
   Activate_On(other);
+  EXPECT_EQ(page->Show(SW_SHOWNORMAL), S_OK);
+  EXPECT_EQ(page->Show(SW_MINIMIZE), E_INVALIDARG);
   EXPECT_EQ(page->Activate(container.window, &place, FALSE), E_UNEXPECTED);
   EXPECT_EQ(page->Activate(container.window, nullptr, FALSE), E_POINTER);
   EXPECT_EQ(page->GetPageInfo(nullptr), E_POINTER);
@@ -328,9 +336,11 @@ TEST_F(PropertyPageTest, The_tab_key_goes_from_box_to_box_and_other_keys_to_the_
   MSG tab = {box, WM_KEYDOWN, VK_TAB, 0, 0, {}};
   EXPECT_EQ(page->TranslateAccelerator(&tab), S_OK);
   EXPECT_NE(GetFocus(), box);
-  MSG key = {container.window, WM_KEYDOWN, VK_F5, 0, 0, {}};
-  EXPECT_EQ(page->TranslateAccelerator(&key), S_FALSE);
-  EXPECT_EQ(site.keys, 1);
+  MSG keys[] = {{box, WM_KEYDOWN, VK_F5, 0, 0, {}},
+                {box, WM_KEYDOWN, 'S', 0, 0, {}},
+                {box, WM_SYSCHAR, 'x', 0, 0, {}}};
+  for (MSG& key : keys) EXPECT_EQ(page->TranslateAccelerator(&key), S_FALSE) << key.wParam;
+  EXPECT_EQ(site.keys, 3);
 }
 
 TEST_F(PropertyPageTest, A_member_may_be_asked_for_by_its_id) {
@@ -393,10 +403,15 @@ TEST_F(PropertyPageTest, The_systems_frame_shows_all_pages_of_a_control) {
   }
   FrameCloser::Title().clear();
   SetTimer(nullptr, 0, 20, FrameCloser::Look);
-  container.has_ambients = false;
   container.is_control_site = false;
   EXPECT_EQ(Do(OLEIVERB_PROPERTIES), S_OK);
   EXPECT_NE(FrameCloser::Title().find(L"Quillspeech"), std::wstring::npos);
+  Place();
+  container.display_name = L"Recogniser7";
+  SetTimer(nullptr, 0, 20, FrameCloser::Look);
+  EXPECT_EQ(Do(OLEIVERB_PROPERTIES), S_OK);
+  EXPECT_NE(FrameCloser::Title().find(L"Recogniser7"), std::wstring::npos);
+  Withdraw();
   CoTaskMemFree(pages.pElems);
 }
 

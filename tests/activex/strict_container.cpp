@@ -1,6 +1,7 @@
 #include "tests/activex/strict_container.hpp"
 
 #include <memory>
+#include <utility>
 
 namespace quillspeech::activex::tests {
 
@@ -49,8 +50,8 @@ class StrictFrame final : public IOleInPlaceFrame {
   HRESULT STDMETHODCALLTYPE SetStatusText(LPCOLESTR) override {
     return container_.Called("Frame.SetStatusText");
   }
-  HRESULT STDMETHODCALLTYPE EnableModeless(BOOL) override {
-    return container_.Called("Frame.EnableModeless");
+  HRESULT STDMETHODCALLTYPE EnableModeless(BOOL on) override {
+    return container_.Called(on ? "Frame.EnableModeless" : "Frame.EnableModeless none");
   }
   HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG*, WORD) override {
     return container_.Called("Frame.TranslateAccelerator", S_FALSE);
@@ -148,7 +149,7 @@ HRESULT StrictContainer::QueryInterface(REFIID iid, void** object) {
 }
 
 HRESULT StrictContainer::GetWindow(HWND* to) {
-  *to = window;
+  *to = parent;
   return Called("GetWindow");
 }
 
@@ -185,6 +186,12 @@ HRESULT StrictContainer::OnChanged(DISPID id) {
 
 HRESULT StrictContainer::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result,
                                 EXCEPINFO*, UINT*) {
+  if (const auto now = std::exchange(At_Ambient, nullptr)) now();
+  if (id == DISPID_AMBIENT_DISPLAYNAME && !display_name.empty()) {
+    result->vt = VT_BSTR;
+    result->bstrVal = SysAllocString(display_name.c_str());
+    return S_OK;
+  }
   const auto told = ambients.find(id);
   if (told == ambients.end()) return DISP_E_MEMBERNOTFOUND;
   result->vt = VT_BOOL;

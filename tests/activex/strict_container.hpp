@@ -21,7 +21,7 @@ class StrictContainer final : public IOleClientSite,
                               public IOleInPlaceSite,
                               public IOleControlSite,
                               public IDispatch,
-                              public IAdviseSink,
+                              public IAdviseSinkEx,
                               public IPropertyNotifySink {
  public:
   StrictContainer();
@@ -43,10 +43,13 @@ class StrictContainer final : public IOleClientSite,
 
   ULONG References() const { return references_; }
 
-  const HWND window;  // the tests share it
+  const HWND window;     // the tests share it
+  HWND parent = window;  // where it places the control
   RECT position{10, 20, 10 + 222, 20 + 126};
   RECT clip{0, 0, 640, 480};
-  std::map<DISPID, bool> ambients;  // what it tells; it knows no others
+  std::map<DISPID, bool> ambients;  // what it tells; it knows no others, but for the name
+  std::wstring display_name;
+  std::function<void()> At_Ambient;  // once, before it tells one
   bool has_ambients = true;
   bool is_in_place_site = true;
   bool is_control_site = true;
@@ -118,7 +121,8 @@ class StrictContainer final : public IOleClientSite,
   HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result,
                                    EXCEPINFO*, UINT*) override;
 
-  // IAdviseSink
+  // IAdviseSinkEx
+  void STDMETHODCALLTYPE OnViewStatusChange(DWORD) override { Called("OnViewStatusChange"); }
   void STDMETHODCALLTYPE OnDataChange(FORMATETC*, STGMEDIUM*) override { Called("OnDataChange"); }
   void STDMETHODCALLTYPE OnViewChange(DWORD, LONG) override { Called("OnViewChange"); }
   void STDMETHODCALLTYPE OnRename(IMoniker*) override { Called("OnRename"); }

@@ -147,6 +147,64 @@ TEST_F(ViewObjectTest, A_sink_may_want_to_hear_at_once_and_once_only) {
   EXPECT_EQ(Call("Refresh"), S_OK);
 }
 
+TEST_F(ViewObjectTest, Only_the_sink_that_wants_to_hear_at_once_does) {
+  FORMATETC format = {CF_METAFILEPICT, nullptr, DVASPECT_CONTENT, -1, TYMED_MFPICT};
+  DWORD cookie = 0;
+  EXPECT_EQ(As<IDataObject>()->DAdvise(&format, 0, &container, &cookie), S_OK);
+  container.Expect({"OnViewChange"});  // and no OnDataChange
+  EXPECT_EQ(View()->SetAdvise(DVASPECT_CONTENT, ADVF_PRIMEFIRST, &container), S_OK);
+  container.Done();
+  EXPECT_EQ(View()->SetAdvise(0, ADVF_PRIMEFIRST, nullptr), S_OK);
+  EXPECT_EQ(As<IDataObject>()->DUnadvise(cookie), S_OK);
+}
+
+TEST_F(ViewObjectTest, A_sink_of_several_aspects_hears_of_the_one_that_there_is) {
+  EXPECT_EQ(View()->SetAdvise(DVASPECT_ICON, 0, &container), DV_E_DVASPECT);
+  EXPECT_EQ(View()->SetAdvise(DVASPECT_CONTENT | DVASPECT_ICON, 0, &container), S_OK);
+  container.Expect({"OnViewChange"});
+  EXPECT_EQ(Call("Refresh"), S_OK);
+  EXPECT_EQ(View()->SetAdvise(0, 0, nullptr), S_OK);
+}
+
+TEST_F(ViewObjectTest, Its_status_is_drawn_in_the_words_of_its_mode) {
+  Place();
+  const RECTL bounds = {0, 0, Picture::Width, Picture::Height};
+  const auto status = [&](bool user_mode) {
+    container.ambients[DISPID_AMBIENT_USERMODE] = user_mode;
+    Picture picture;
+    EXPECT_EQ(View()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, picture.device, &bounds,
+                           nullptr, nullptr, 0),
+              S_OK);
+    GdiFlush();
+    std::vector<std::uint32_t> pixels;
+    for (int y = 102; y < 119; ++y) {
+      for (int x = 8; x < 214; ++x) pixels.push_back(picture.At(x, y));
+    }
+    return pixels;
+  };
+  const auto used = status(true);
+  EXPECT_NE(used, status(false));
+  EXPECT_EQ(used, status(true));
+}
+
+TEST_F(ViewObjectTest, A_container_may_draw_it_while_it_is_asked_for_its_mode) {
+  Place();
+  EXPECT_EQ(View()->SetAdvise(DVASPECT_CONTENT, 0, &container), S_OK);
+  Picture picture;
+  const RECTL bounds = {0, 0, Picture::Width, Picture::Height};
+  const auto draw = [&] {
+    EXPECT_EQ(View()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, picture.device, &bounds,
+                           nullptr, nullptr, 0),
+              S_OK);
+  };
+  container.At_Ambient = [&] {
+    draw();
+    container.ambients[DISPID_AMBIENT_USERMODE] = false;
+  };
+  draw();
+  EXPECT_EQ(View()->SetAdvise(0, 0, nullptr), S_OK);
+}
+
 TEST_F(ViewObjectTest, Drawing_it_is_no_news_for_its_sink) {
   EXPECT_EQ(View()->SetAdvise(DVASPECT_CONTENT, 0, &container), S_OK);
   Picture picture;

@@ -86,6 +86,25 @@ TEST_F(FaceForm, Shows_what_the_face_shows) {
   EXPECT_EQ((*form)["Text2"].text_colour, Pure_Green);
 }
 
+TEST_F(FaceForm, What_a_person_types_stays_until_a_result_takes_its_place) {
+  for (const auto& [box, result] : {std::pair{"Text1", &session.results.Platinum_Best_Table[1]},
+                                    std::pair{"Text2", &session.filter.Voice_Word_Table[1]}}) {
+    *result = "";
+    EXPECT_TRUE(form->Type(box, "typed"));
+    control->Set_Label1("Another");
+    control->Timer1_Timer();
+    Show_Face(*form, control->face);
+    EXPECT_EQ((*form)[box].text, "typed");
+    *result = "hello";
+    for (const char* const again : {"typed once more", "and again"}) {
+      EXPECT_TRUE(form->Type(box, again));
+      control->Timer1_Timer();
+      Show_Face(*form, control->face);
+      EXPECT_EQ((*form)[box].text, "hello");
+    }
+  }
+}
+
 TEST_F(FaceForm, Both_colours_of_the_texts_stand_out_from_the_ground) {
   for (const char* const name : {"Text1", "Text2"}) {
     EXPECT_EQ((*form)[name].back_colour, 0U) << name;  // black

@@ -2,6 +2,7 @@
 // the host, and another thread.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <memory>
 #include <optional>
@@ -21,6 +22,7 @@ using windows::EventLoop;
 using Time = EventLoop::Time;
 
 using HostsLoop = MessageLoop;
+using Rests = MessageLoop;
 using MessageFilters = MessageLoop;
 using Quitting = MessageLoop;
 using OtherThread = MessageLoop;
@@ -133,6 +135,102 @@ TEST_F(HostsLoop, A_source_that_a_message_makes_due_is_served_there) {
   events.Remove_Source(device);
 }
 
+// Lets the host's loop run for a while.
+void Run_Host_For(UINT milliseconds) {
+  const UINT_PTR end = ::SetTimer(nullptr, 0, milliseconds, nullptr);
+  bool is_over = false;
+  while (!is_over) {
+    MSG message;
+    if (::GetMessageW(&message, nullptr, 0, 0) <= 0) break;
+    is_over = message.hwnd == nullptr && message.wParam == end;
+    ::DispatchMessageW(&message);
+  }
+  ::KillTimer(nullptr, end);
+}
+
+TEST_F(Rests, Nothing_ticks_and_what_is_on_stays_on) {
+  int ticks = 0;
+  const auto timer = events.Make_Timer(10ms, [&] { ++ticks; });
+  events.On_Message(Some_Message, [&](WPARAM, LPARAM) { ADD_FAILURE() << "nobody is to hear it"; });
+  timer->Enable(true);
+  events.Rest();
+  EXPECT_TRUE(events.Is_Resting());
+  Post(Some_Message);
+  Run_Host_For(60);
+  EXPECT_EQ(ticks, 0);
+  EXPECT_TRUE(timer->Is_Enabled());
+  events.Resume();
+  EXPECT_TRUE(Run_Host_While([&] { return ticks < 2; }));
+}
+
+TEST_F(Rests, One_that_is_asked_for_in_a_tick_begins_when_that_is_over) {
+  int ticks = 0;
+  const auto other = events.Make_Timer(10ms, [&] { ++ticks; });
+  bool is_over = false;
+  bool has_begun = false;
+  const auto timer = events.Make_Timer(10ms, [&] {
+    if (std::exchange(has_begun, true)) return;
+    events.Rest();
+    EXPECT_FALSE(events.Is_Resting());
+    while (ticks < 2) events.Wait_For_Events();
+    is_over = true;
+  });
+  other->Enable(true);
+  timer->Enable(true);
+  EXPECT_TRUE(Run_Host_While([&] { return !is_over; }));
+  EXPECT_TRUE(events.Is_Resting());
+  ticks = 0;
+  Run_Host_For(50);
+  EXPECT_EQ(ticks, 0);
+}
+
+TEST_F(Rests, It_moves_while_its_first_thread_pumps_which_meets_nothing_of_it_any_more) {
+  std::atomic<DWORD> ticked_on = 0;
+  const auto timer = events.Make_Timer(5ms, [&] { ticked_on = ::GetCurrentThreadId(); });
+  timer->Enable(true);
+  events.Rest();
+  std::atomic<bool> is_over = false;
+  DWORD elsewhere = 0;
+  std::thread other([&] {
+    elsewhere = ::GetCurrentThreadId();
+    events.Move_To_This_Thread();
+    EXPECT_TRUE(events.Is_Resting());
+    events.Resume();
+    EXPECT_TRUE(Run_Host_While([&] { return ticked_on == 0; }));
+    events.Rest();
+    is_over = true;
+  });
+  while (!is_over) Run_Host_For(10);
+  other.join();
+  EXPECT_EQ(ticked_on, elsewhere);
+  events.Move_To_This_Thread();
+}
+
+// A host's hook that sees messages of such loops, and takes one of them.
+struct MessageHook {
+  MessageHook()
+      : hook(::SetWindowsHookExW(WH_MSGFILTER, &Procedure, nullptr, ::GetCurrentThreadId())) {}
+  ~MessageHook() { ::UnhookWindowsHookEx(hook); }
+  MessageHook(const MessageHook&) = delete;
+  MessageHook& operator=(const MessageHook&) = delete;
+
+  static LRESULT CALLBACK Procedure(int code, WPARAM, LPARAM message) {
+    if (code != MSGF_USER) return 0;
+    return reinterpret_cast<const MSG*>(message)->message == Some_Message;
+  }
+  HHOOK hook;
+};
+
+TEST_F(MessageFilters, The_hosts_hook_is_asked_too) {
+  const TestWindow window;
+  const MessageHook hook;
+  ::PostMessageW(window.Handle(), Some_Message, 0, 0);
+  ::PostMessageW(window.Handle(), Other_Message, 0, 0);
+  events.Run_Pending_Events();
+  EXPECT_EQ(window.Count(Some_Message), 0);
+  EXPECT_EQ(window.Count(Other_Message), 1);
+}
+
 TEST_F(MessageFilters, A_filter_can_deal_with_a_message_before_its_window) {
   const TestWindow window;
   events.Add_Filter([](MSG& message) { return message.message == Some_Message; });
@@ -237,6 +335,25 @@ TEST_F(Quitting, A_host_that_goes_on_after_it_has_waits_that_sleep_again) {
   ::PostQuitMessage(0);
   events.Run_Pending_Events();
   EXPECT_EQ(told, 2);
+}
+
+TEST_F(Quitting, Thousands_of_passes_take_no_time) {
+  ::PostQuitMessage(0);
+  events.Run_Pending_Events();
+  const Time before = events.Now();
+  for (int i = 0; i < 30'000; ++i) events.Pass(Time{100});
+  EXPECT_LT(events.Now() - before, 1s);
+}
+
+TEST_F(Quitting, Who_waits_on_regardless_does_not_take_a_whole_core) {
+  ::PostQuitMessage(0);
+  const Time until = events.Now() + 100ms;
+  int waits = 0;
+  while (events.Now() < until) {
+    events.Wait_For_Events();
+    ++waits;
+  }
+  EXPECT_LE(waits, 105);
 }
 
 TEST_F(Quitting, Timers_still_tick) {

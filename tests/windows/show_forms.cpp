@@ -32,7 +32,7 @@ class Gallery {
 
   // The form in a host's window.
   void Show(Form& form, ChildMode mode, const std::string& name) {
-    const SIZE size = views_.Natural_Size(form);
+    const SIZE size = Size_Of(form);
     RECT outer{0, 0, size.cx, size.cy};
     AdjustWindowRect(&outer, WS_OVERLAPPEDWINDOW, FALSE);
     const HWND host = CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20,
@@ -50,13 +50,16 @@ class Gallery {
   }
 
   void Draw(const Form& form, const std::string& name) {
-    const SIZE size = views_.Natural_Size(form);
+    const SIZE size = Size_Of(form);
     Picture picture(size.cx, size.cy);
     windows::Draw_Form(form, picture.Device(), {0, 0, size.cx, size.cy});
     Save(picture, name);
   }
 
  private:
+  SIZE Size_Of(const Form& form) const {
+    return windows::Pixels_Of(form.Size(), windows::Scale_At(views_.Dots_Per_Inch()));
+  }
   void Save(const Picture& picture, const std::string& name) {
     picture.Save(folder_ + "/" + name + ".bmp");
     std::cout << name << ": " << picture.Width() << " x " << picture.Height() << '\n';

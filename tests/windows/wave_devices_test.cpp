@@ -9,6 +9,8 @@
 #include "platform/windows/sound_devices.hpp"
 #include "platform/windows/wave_input.hpp"
 #include "platform/windows/wave_output.hpp"
+#include "tests/support/temporary_folder.hpp"
+#include "tests/support/wave_builder.hpp"
 
 namespace quillspeech::tests {
 namespace {
@@ -92,11 +94,23 @@ TEST_F(WaveDevices, A_device_that_records_and_plays_nothing_is_never_due) {
   events.Run_Pending_Events();
 }
 
-TEST(SoundCues, A_file_that_is_not_there_is_silence) {
+TEST(SoundCues, A_file_that_is_not_there_is_no_cue) {
   windows::SoundCues cues;
   cues.Play("C:\\no such folder\\none.wav", CueMode::Loop);
   EXPECT_FALSE(cues.Is_Sounding());
   cues.Play("", CueMode::Once);
+  EXPECT_FALSE(cues.Is_Sounding());
+}
+
+TEST(SoundCues, An_empty_name_stops_nothing) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Put("cue.wav", Wave().Data(Silence(Bytes(220'500))).File());
+  windows::SoundCues cues;
+  cues.Play(file, CueMode::Once);
+  if (!cues.Is_Sounding()) GTEST_SKIP() << "nothing sounds here";
+  cues.Play("", CueMode::Once);
+  EXPECT_TRUE(cues.Is_Sounding());
+  cues.Purge();
   EXPECT_FALSE(cues.Is_Sounding());
 }
 

@@ -19,10 +19,12 @@ void Keep_Memory_Between_Files() {
 
 }  // namespace
 
-void Prepare_Process() {
+PreparedProcess::PreparedProcess() {
   Fill_Standard_Descriptors();
   Keep_Memory_Between_Files();
 }
+
+PreparedProcess::~PreparedProcess() = default;
 
 std::vector<std::string> Program_Arguments(int count, char** texts) {
   return {texts + 1, texts + count};

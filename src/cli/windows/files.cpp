@@ -76,13 +76,18 @@ int Write_All(int descriptor, std::span<const std::uint8_t> bytes) {
   return 0;
 }
 
-// Interrupts are passed over meanwhile, so that none leaves a temporary file behind.
+// Ctrl-C and Ctrl-Break are passed over meanwhile, so that none leaves a temporary file behind.
 class InterruptsHeld {
  public:
-  InterruptsHeld() { ::SetConsoleCtrlHandler(nullptr, TRUE); }
-  ~InterruptsHeld() { ::SetConsoleCtrlHandler(nullptr, FALSE); }
+  InterruptsHeld() { ::SetConsoleCtrlHandler(Pass_Over, TRUE); }
+  ~InterruptsHeld() { ::SetConsoleCtrlHandler(Pass_Over, FALSE); }
   InterruptsHeld(const InterruptsHeld&) = delete;
   InterruptsHeld& operator=(const InterruptsHeld&) = delete;
+
+ private:
+  static BOOL WINAPI Pass_Over(DWORD kind) {
+    return kind == CTRL_C_EVENT || kind == CTRL_BREAK_EVENT;
+  }
 };
 
 // The file that is to be replaced, links followed.

@@ -24,17 +24,21 @@ struct InputReader::Shared {
 
 namespace {
 
-// Nothing at the end. On a console that is a line that begins with Ctrl-Z.
+// Nothing at the end. On a console that is a line that begins with Ctrl-Z. A pipe ends when nobody
+// can write to it any more, and not by a write of nothing.
 std::optional<std::string> Read_Block(HANDLE input) {
   constexpr char Console_End = '\x1a';
   std::string bytes(65'536, '\0');
+  const DWORD kind = ::GetFileType(input);
   DWORD count = 0;
-  if (!::ReadFile(input, bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr)) {
-    return std::nullopt;
-  }
+  do {
+    if (!::ReadFile(input, bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr)) {
+      return std::nullopt;
+    }
+  } while (count == 0 && kind == FILE_TYPE_PIPE);
   bytes.resize(count);
-  const bool is_console = ::GetFileType(input) == FILE_TYPE_CHAR;
-  if (bytes.empty() || (is_console && bytes.front() == Console_End)) return std::nullopt;
+  if (bytes.empty() || (kind == FILE_TYPE_CHAR && bytes.front() == Console_End))
+    return std::nullopt;
   return bytes;
 }
 

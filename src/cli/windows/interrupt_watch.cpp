@@ -1,7 +1,9 @@
 #include "cli/windows/interrupt_watch.hpp"
 
 #include <array>
+#include <mutex>
 
+#include "cli/windows/console_state.hpp"
 #include "cli/windows/input_reader.hpp"
 #include "platform/windows/windows_api.hpp"
 
@@ -12,15 +14,30 @@ namespace {
 constexpr UINT Exit_Interrupted = 130;
 
 // The system hands its handler nothing by which to find the watch.
-std::atomic<InterruptWatch*>& Watch_Of_The_Process() {
-  static std::atomic<InterruptWatch*> watch = nullptr;
-  return watch;
+struct Watched {
+  std::mutex mutex;  // held while the watch meets an interrupt
+  InterruptWatch* watch = nullptr;
+};
+Watched& Watched_By_The_Process() {
+  static Watched watched;
+  return watched;
+}
+
+void Set_Watch(InterruptWatch* watch) {
+  Watched& watched = Watched_By_The_Process();
+  const std::lock_guard lock(watched.mutex);
+  watched.watch = watch;
+}
+
+bool Tell_Watch() {
+  Watched& watched = Watched_By_The_Process();
+  const std::lock_guard lock(watched.mutex);
+  if (watched.watch) watched.watch->Meet_Interrupt();
+  return watched.watch != nullptr;
 }
 
 BOOL WINAPI Handle_Interrupt(DWORD kind) {
-  InterruptWatch* const watch = Watch_Of_The_Process();
-  if (!watch) return FALSE;
-  watch->Meet_Interrupt();
+  if (!Tell_Watch()) return FALSE;
   // When these are handled the program ends. It is to end by itself, for which it has some seconds.
   if (kind != CTRL_C_EVENT && kind != CTRL_BREAK_EVENT) ::Sleep(INFINITE);
   return TRUE;
@@ -29,19 +46,21 @@ BOOL WINAPI Handle_Interrupt(DWORD kind) {
 }  // namespace
 
 InterruptWatch::InterruptWatch() : event_(::CreateEventW(nullptr, TRUE, FALSE, nullptr)) {
-  Watch_Of_The_Process() = this;
+  Set_Watch(this);
   ::SetConsoleCtrlHandler(Handle_Interrupt, TRUE);
 }
 
 InterruptWatch::~InterruptWatch() {
   ::SetConsoleCtrlHandler(Handle_Interrupt, FALSE);
-  Watch_Of_The_Process() = nullptr;
+  Set_Watch(nullptr);
   if (event_) ::CloseHandle(event_);
 }
 
 void InterruptWatch::Meet_Interrupt() {
-  if (!is_taken_ || flag_.exchange(true))
+  if (!is_taken_ || flag_.exchange(true)) {
+    Put_Consoles_Back();
     ::TerminateProcess(::GetCurrentProcess(), Exit_Interrupted);
+  }
   if (event_) ::SetEvent(event_);
 }
 

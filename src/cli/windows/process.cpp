@@ -6,6 +6,7 @@
 #include <array>
 #include <memory>
 
+#include "cli/windows/console_state.hpp"
 #include "platform/windows/text.hpp"
 #include "platform/windows/windows_api.hpp"
 //
@@ -20,23 +21,18 @@ HANDLE Handle_Of(StandardStream stream) {
   return ::GetStdHandle(Numbers[static_cast<std::size_t>(stream)]);
 }
 
-// Escape codes are for consoles that know them.
-bool Takes_Escape_Codes(HANDLE console, DWORD mode) {
-  return ::SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
-}
-
 struct Freeing {
   void operator()(LPWSTR* texts) const { ::LocalFree(texts); }
 };
 
 }  // namespace
 
-void Prepare_Process() {
+PreparedProcess::PreparedProcess() {
   for (const int descriptor : {0, 1, 2}) ::_setmode(descriptor, _O_BINARY);
-  if (Is_Terminal(StandardStream::Out) || Is_Terminal(StandardStream::Err)) {
-    ::SetConsoleOutputCP(CP_UTF8);
-  }
+  Set_Up_Consoles();
 }
+
+PreparedProcess::~PreparedProcess() { Put_Consoles_Back(); }
 
 // The texts of main are in the system's code page, which lacks most characters.
 std::vector<std::string> Program_Arguments(int, char**) {
@@ -48,11 +44,11 @@ std::vector<std::string> Program_Arguments(int, char**) {
   return arguments;
 }
 
+// A console that took the escape codes when it was set up.
 bool Is_Terminal(StandardStream stream) {
-  const HANDLE handle = Handle_Of(stream);
   DWORD mode = 0;
-  if (!::GetConsoleMode(handle, &mode)) return false;
-  return stream == StandardStream::In || Takes_Escape_Codes(handle, mode);
+  if (!::GetConsoleMode(Handle_Of(stream), &mode)) return false;
+  return stream == StandardStream::In || (mode & ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
 }
 
 }  // namespace quillspeech::cli

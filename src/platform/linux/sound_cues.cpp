@@ -22,7 +22,7 @@ struct Closer {
 
 // The sound as 16 bits; nothing when the file is none, or has more than two channels.
 std::optional<Cue> Read_Cue(const std::string& name) {
-  constexpr sf_count_t Longest_Frames = 192'000 * 600;
+  constexpr sf_count_t Longest_Frames = sf_count_t{192'000} * 600;
   SF_INFO info{};
   const std::unique_ptr<SNDFILE, Closer> file(sf_open(name.c_str(), SFM_READ, &info));
   if (!file || info.channels < 1 || info.channels > 2) return std::nullopt;

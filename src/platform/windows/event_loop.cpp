@@ -5,8 +5,6 @@
 #include <system_error>
 #include <utility>
 
-extern "C" IMAGE_DOS_HEADER __ImageBase;  // NOLINT(bugprone-reserved-identifier): the linker's name
-
 namespace quillspeech::windows {
 
 namespace {
@@ -16,9 +14,6 @@ using std::chrono::milliseconds;
 constexpr UINT_PTR Tick_Timer = 1;
 constexpr EventLoop::Time Time_Between_Looks{1'000};  // of passes
 constexpr EventLoop::Time Tick_While_Waiting{50'000};
-constexpr wchar_t Class_Name[] = L"Quillspeech.EventLoop";
-
-HINSTANCE This_Module() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
 
 [[noreturn]] void Throw_Last_Error(const char* call) {
   throw std::system_error(static_cast<int>(::GetLastError()), std::system_category(), call);
@@ -33,25 +28,9 @@ UINT Held_Within(EventLoop::Time time, UINT least, UINT most) {
 
 }  // namespace
 
-// The loops of a module share it; it goes with the last of their windows.
-class EventLoop::WindowClass {
- public:
-  WindowClass() {
-    WNDCLASSEXW description{};
-    description.cbSize = sizeof description;
-    description.lpfnWndProc = &EventLoop::Window_Procedure;
-    description.hInstance = This_Module();
-    description.lpszClassName = Class_Name;
-    if (::RegisterClassExW(&description) == 0 && ::GetLastError() != ERROR_CLASS_ALREADY_EXISTS) {
-      Throw_Last_Error("RegisterClassEx");
-    }
-  }
-  ~WindowClass() { ::UnregisterClassW(Class_Name, This_Module()); }
-  WindowClass(const WindowClass&) = delete;
-  WindowClass& operator=(const WindowClass&) = delete;
-};
-
-EventLoop::EventLoop() : class_(std::make_unique<WindowClass>()) { Make_Window(); }
+EventLoop::EventLoop() : class_(L"Quillspeech.EventLoop", &EventLoop::Window_Procedure) {
+  Make_Window();
+}
 
 EventLoop::~EventLoop() { Drop_Window(); }
 
@@ -60,12 +39,17 @@ EventLoop::Time EventLoop::Now() const {
 }
 
 void EventLoop::Make_Window() {
-  const HWND window = ::CreateWindowExW(0, Class_Name, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+  const HWND window = ::CreateWindowExW(0, class_.Name(), L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                         This_Module(), nullptr);
   if (window == nullptr) Throw_Last_Error("CreateWindowEx");
-  ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   window_ = window;
   thread_ = ::GetCurrentThreadId();
+  if (!is_resting_) Listen(true);
+}
+
+// A window that does not listen finds no loop.
+void EventLoop::Listen(bool on) {
+  ::SetWindowLongPtrW(window_, GWLP_USERDATA, on ? reinterpret_cast<LONG_PTR>(this) : 0);
 }
 
 // Only its own thread may destroy a window. Another can see to it that the window runs none of our
@@ -74,10 +58,29 @@ void EventLoop::Drop_Window() {
   if (thread_ == ::GetCurrentThreadId()) {
     ::DestroyWindow(window_);
   } else {
-    ::SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+    Listen(false);
     ::SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&::DefWindowProcW));
     ::PostMessageW(window_, WM_CLOSE, 0, 0);
   }
+}
+
+void EventLoop::Rest() {
+  is_to_rest_ = true;
+  if (Depth() == 0) On_Outermost_End();
+}
+
+void EventLoop::On_Outermost_End() noexcept {
+  if (!is_to_rest_) return;
+  Drop_Tick();
+  Listen(false);
+  is_resting_ = true;
+}
+
+void EventLoop::Resume() {
+  is_to_rest_ = false;
+  is_resting_ = false;
+  Listen(true);
+  On_New_Due();
 }
 
 void EventLoop::Move_To_This_Thread() {
@@ -165,13 +168,14 @@ bool EventLoop::Dispatch(MSG& message) {
   if (message.hwnd == window_) {
     if (message.message == WM_NULL) return false;
     if (message.message == WM_TIMER && message.wParam == Tick_Timer) {
-      tick_ = Now() + Tick_While_Waiting;  // the yield itself runs what is due
+      Set_Tick(Now() + Tick_While_Waiting);  // the yield itself runs what is due
       return false;
     }
     if (Handle(message.message, message.wParam, message.lParam)) return true;
   } else if (Is_Filtered(message)) {
     return true;
   }
+  if (::CallMsgFilterW(&message, MSGF_USER)) return true;
   ::TranslateMessage(&message);
   ::DispatchMessageW(&message);
   return true;
@@ -203,7 +207,7 @@ void EventLoop::Drop_Tick() {
 // message or a tick has entered a loop of the host's.
 void EventLoop::On_New_Due() {
   const auto due = Next_Due();
-  if (!due) return;
+  if (!due || is_resting_) return;
   const bool is_ours = Depth() > 0 && !is_in_host_loop_;
   if (!tick_ || (!is_ours && *due < *tick_)) {
     Set_Tick(is_ours ? std::max(*due, Now() + Tick_While_Waiting) : *due);
@@ -216,20 +220,31 @@ void EventLoop::On_Pass() {
   if (Now() - last_look_ >= Time_Between_Looks) Dispatch_Messages();
 }
 
+// Ticks come no closer than the system's own timers bring them: a wake-up costs more than most
+// ticks do.
 void EventLoop::Wait_For_Events() {
+  constexpr Time Shortest_Wait{milliseconds(USER_TIMER_MINIMUM)};
   const auto due = Next_Due();
   if (due && *due <= Now()) {
     Run_Pending_Events();
   } else {
+    wait_until_ = wait_ended_ + Shortest_Wait;
     TimedLoop::Wait_For_Events();
   }
+  wait_ended_ = Now();
 }
 
-// A wait that nothing ended has seen that there are no messages.
+void EventLoop::Pass(Time least) { TimedLoop::Pass(is_quitting_ ? Time{0} : least); }
+
+// A wait that nothing ended has seen that there are no messages. Whoever waits on although the
+// thread is told to quit is not to take a whole core.
 void EventLoop::Sleep_Until(std::optional<Time> moment) {
+  const Time earliest = std::exchange(wait_until_, Time(0));
   for (;;) {
     if (is_woken_.exchange(false)) return;
-    const DWORD wait = moment ? Held_Within(*moment - Now(), 0, INFINITE - 1) : INFINITE;
+    if (is_quitting_) ::Sleep(1);
+    const DWORD wait =
+        moment ? Held_Within(std::max(*moment, earliest) - Now(), 0, INFINITE - 1) : INFINITE;
     const DWORD ended =
         ::MsgWaitForMultipleObjectsEx(0, nullptr, wait, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     if (ended == WAIT_TIMEOUT || Dispatch_Messages()) return;

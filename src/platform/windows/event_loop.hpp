@@ -11,6 +11,7 @@
 #include <optional>
 
 #include "platform/timed_loop.hpp"
+#include "platform/windows/form_classes.hpp"
 #include "platform/windows/windows_api.hpp"
 
 namespace quillspeech::windows {
@@ -25,8 +26,10 @@ class EventLoop final : public TimedLoop {
   ~EventLoop() override;
 
   Time Now() const override;
-  // Nothing that is due keeps the messages from their turn.
+  // Nothing that is due keeps the messages from their turn. Ticks come at most every 10 ms.
   void Wait_For_Events() override;
+  // Takes no time once the thread is told to quit.
+  void Pass(Time least) override;
 
   // A window that never shows and that nobody finds by looking. Devices and other threads send
   // their messages there. It stays the same until the loop moves to another thread.
@@ -43,7 +46,7 @@ class EventLoop final : public TimedLoop {
   void Remove_Filter(int filter);
 
   // Whether the thread has been told to quit: a yield or a wait has met WM_QUIT, and put it back
-  // for the host's loop. Until that takes it, no wait blocks.
+  // for the host's loop. Until that takes it, no wait blocks for longer than a moment.
   bool Is_Quitting() const { return is_quitting_; }
   // Called once each time the thread is told to quit.
   std::function<void()> At_Quit;
@@ -56,16 +59,23 @@ class EventLoop final : public TimedLoop {
   // while a loop of the host's runs.
   void Schedule() { On_New_Due(); }
 
-  // Makes the calling thread the loop's own, with a window of its own. Not from within a yield.
+  // From the end of the outermost yield or wait on, at once when there is none, no tick comes and
+  // no message to the window reaches a handler, until it resumes. What the timers are, they stay.
+  void Rest();
+  void Resume();
+  // From any thread: once this is so, the loop's own thread touches nothing of it.
+  bool Is_Resting() const { return is_resting_; }
+
+  // Makes the calling thread the loop's own, with a window of its own. The loop rests, or the other
+  // thread has ended.
   void Move_To_This_Thread();
 
  private:
-  class WindowClass;
-
   static LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
 
   void Make_Window();
   void Drop_Window();
+  void Listen(bool on);
   bool Handle(UINT message, WPARAM wide, LPARAM longer);
   bool Dispatch_Messages();
   bool Dispatch(MSG& message);
@@ -78,9 +88,10 @@ class EventLoop final : public TimedLoop {
   void On_Yield() override;
   void On_Pass() override;
   void On_New_Due() override;
+  void On_Outermost_End() noexcept override;
 
   std::chrono::steady_clock::time_point made_ = std::chrono::steady_clock::now();
-  std::unique_ptr<WindowClass> class_;
+  WindowClass class_;
   HWND window_ = nullptr;
   DWORD thread_ = 0;
   std::map<UINT, std::shared_ptr<const Handler>> handlers_;
@@ -88,8 +99,12 @@ class EventLoop final : public TimedLoop {
   int last_filter_ = 0;
   std::optional<Time> tick_;  // when the window's timer comes
   Time last_look_{0};
+  Time wait_ended_{0};
+  Time wait_until_{0};            // of the wait that begins, whatever is due before
   bool is_in_host_loop_ = false;  // the last tick came by one
   bool is_quitting_ = false;
+  bool is_to_rest_ = false;
+  std::atomic<bool> is_resting_ = false;
   std::atomic<bool> is_woken_ = false;
 };
 

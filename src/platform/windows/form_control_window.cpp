@@ -120,8 +120,7 @@ LRESULT CALLBACK FormControlWindow::Tap_Procedure(HWND window, UINT message, WPA
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original));
     if (window == tap->control->window_) tap->control->window_ = nullptr;
-  } else if (const auto answer =
-                 tap->form->Handle_Control(*tap->control, window, message, wide, longer)) {
+  } else if (const auto answer = tap->form->Handle_Control(*tap->control, window, message, wide)) {
     return *answer;
   }
   return CallWindowProcW(original, window, message, wide, longer);

@@ -1,7 +1,7 @@
 // From the twips of a form to pixels.
 #pragma once
 
-#include "platform/form.hpp"
+#include "platform/form_view.hpp"
 #include "platform/windows/windows_api.hpp"
 
 namespace quillspeech::windows {
@@ -34,5 +34,9 @@ SIZE Pixels_Of(FormSize size, const FormScale& scale);
 
 inline int Width_Of(const RECT& rectangle) { return rectangle.right - rectangle.left; }
 inline int Height_Of(const RECT& rectangle) { return rectangle.bottom - rectangle.top; }
+inline ChildPlace Child_Place_Of(const RECT& rectangle) {
+  return {static_cast<int>(rectangle.left), static_cast<int>(rectangle.top), Width_Of(rectangle),
+          Height_Of(rectangle)};
+}
 
 }  // namespace quillspeech::windows

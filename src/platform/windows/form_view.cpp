@@ -2,7 +2,6 @@
 
 #include <system_error>
 #include <utility>
-#include <vector>
 
 namespace quillspeech::windows {
 namespace {
@@ -128,8 +127,6 @@ void FormViews::Repaint(Form& form) {
   if (FormWindow* const window = Find(form)) window->Repaint();
 }
 
-SIZE FormViews::Natural_Size(const Form& form) const { return Pixels_Of(form.Size(), desk_.scale); }
-
 bool FormViews::Translate(const Form& form, MSG& message) {
   FormWindow* const window = Find(form);
   return window && window->Translate(message);
@@ -143,7 +140,7 @@ void FormViews::Set_Signals(const Form& form, FormSignals signals) {
 bool FormViews::Filter(MSG& message) {
   if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
   for (const auto& [form, window] : std::map(windows_)) {
-    if (window->Translate(message)) return true;
+    if (window->Take_From_Loop(message)) return true;
   }
   return false;
 }

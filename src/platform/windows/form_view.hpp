@@ -32,7 +32,6 @@ class FormViews final : public quillspeech::FormViews {
   void Repaint(Form& form) override;
   int Dots_Per_Inch() const override { return dots_per_inch_; }
 
-  SIZE Natural_Size(const Form& form) const;  // in pixels
   // For a container that asks whether the form wants the key.
   bool Translate(const Form& form, MSG& message);
   void Set_Signals(const Form& form, FormSignals signals);  // of a form that has a window

@@ -123,6 +123,7 @@ void FormWindow::Show() {
 void FormWindow::Hide() {
   Enable_Others();
   is_shown_ = false;
+  Leave_Focus();
   if (window_) ShowWindow(window_, SW_HIDE);
 }
 
@@ -155,8 +156,15 @@ void FormWindow::Move(const ChildPlace& place) {
 void FormWindow::Set_Mode(ChildMode mode) {
   is_inert_ = mode == ChildMode::Inert;
   if (!window_ || !form_) return;
-  EnableWindow(window_, !is_inert_ && form_->Is_Enabled());
   tips_->Activate(!is_inert_);
+  Enable(!is_inert_ && form_->Is_Enabled());
+}
+
+// The focus does not stay where keys do nothing.
+void FormWindow::Enable(bool on) {
+  const Stay stay(*this);
+  if (!on) Leave_Focus();
+  if (window_) EnableWindow(window_, on);
 }
 
 void FormWindow::Repaint() {
@@ -204,7 +212,7 @@ void FormWindow::Form_Changed(FormChange change) {
   if (change == FormChange::Text) {
     SetWindowTextW(window_, Wide(form_->Caption()).c_str());
   } else if (change == FormChange::Enabled) {
-    EnableWindow(window_, !is_inert_ && form_->Is_Enabled());
+    Enable(!is_inert_ && form_->Is_Enabled());
   } else if (change == FormChange::Place && !is_child_) {
     const SIZE inner = Pixels_Of(form_->Size(), desk_.scale);
     RECT outer{0, 0, inner.cx, inner.cy};

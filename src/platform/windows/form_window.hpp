@@ -34,6 +34,9 @@ struct FormDesk {
 struct FormSignals {
   std::function<void(bool got)> At_Focus;  // it has come into the form, or left it
   std::function<void()> At_Paint;          // before the form is painted
+  // A key from the queue of our own loop, where it is not the form's alone to deal with. True: it
+  // has been dealt with.
+  std::function<bool(MSG&)> At_Key = {};
 };
 
 class FormWindow final : public FormView, public std::enable_shared_from_this<FormWindow> {
@@ -54,9 +57,11 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   void Move(const ChildPlace& place);
   void Set_Mode(ChildMode mode);
   void Repaint();
-  // A key that the form deals with as a dialog does: Tab, Alt and a letter, Enter, Escape. A child
-  // leaves the Tab that goes out of it.
+  // A key that the form deals with as a dialog does: Tab, an arrow, Alt and a letter of its own,
+  // Enter and Escape that press a button. A child leaves the Tab that goes out of it.
   bool Translate(MSG& message);
+  // The same, for a key of our own loop: whoever embeds the form comes first.
+  bool Take_From_Loop(MSG& message);
 
   HWND Window() const { return window_; }
   Form* Model() const { return form_; }  // null: the form is gone
@@ -82,7 +87,7 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   // A message to a control, before the system's own procedure gets it: the answer, or nothing when
   // that is to have it. `part` is the control's window or, of a combo box, one inside it.
   std::optional<LRESULT> Handle_Control(FormControlWindow& control, HWND part, UINT message,
-                                        WPARAM wide, LPARAM longer) noexcept;
+                                        WPARAM wide) noexcept;
 
   static LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
 
@@ -108,10 +113,16 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   void Draw_Item(const DRAWITEMSTRUCT& item);
   void Erase(HWND window, HDC device);
   void Paint(HWND window);
+  void Enable(bool on);
+  bool Holds(HWND window) const;
   void Give_Focus();
+  void Take_Focus_By_Click();
+  void Leave_Focus();
   void Note_Focus(HWND now);
   void On_Window_Destroyed();
   std::optional<LRESULT> Handle_Key(FormControlWindow& control, UINT message, WPARAM key);
+  std::optional<LRESULT> Handle_Form_Key(UINT message, WPARAM key);
+  bool Translate_Key_Down(MSG& message);
   bool Leaves_By_Tab() const;
   bool Press(unsigned char key);
   void Enable_Others();

@@ -1,44 +1,73 @@
 // Keys and focus. A host's loop may deal with dialog keys itself, ask the form whether it wants
 // them, or know nothing of them: then they reach the controls, which see to them.
+#include <string>
+
 #include "platform/windows/form_window.hpp"
+#include "platform/windows/text.hpp"
 
 namespace quillspeech::windows {
 namespace {
 
-bool Is_Shift_Down() { return GetKeyState(VK_SHIFT) < 0; }
+bool Is_Down(int key) { return GetKeyState(key) < 0; }
+
+bool Is_Arrow(WPARAM key) { return key >= VK_LEFT && key <= VK_DOWN; }
+
+// The character as the model knows it; nothing when Windows-1252 lacks it.
+std::optional<unsigned char> Key_Of(WPARAM character) {
+  const auto wide = static_cast<wchar_t>(character);
+  const std::string narrow = Narrow({&wide, 1});
+  if (narrow == "?" && wide != L'?') return std::nullopt;
+  return static_cast<unsigned char>(narrow.front());
+}
 
 bool Is_Enter_Or_Escape(WPARAM key) { return key == Key_Enter || key == Key_Escape; }
 static_assert(Key_Enter == VK_RETURN && Key_Escape == VK_ESCAPE);
 
 }  // namespace
 
-bool FormWindow::Translate(MSG& message) {
-  if (!window_ || !form_ || is_inert_) return false;
-  if (message.hwnd != window_ && !IsChild(window_, message.hwnd)) return false;
-  if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
+bool FormWindow::Take_From_Loop(MSG& message) {
+  if (!Holds(message.hwnd)) return false;
   const Stay stay(*this);
-  if (message.message == WM_KEYDOWN && Is_Enter_Or_Escape(message.wParam)) {
+  const auto tell = signals.At_Key;  // it may replace itself
+  return tell ? tell(message) : Translate(message);
+}
+
+// Any other key is that of the control that has the focus, after the host has looked at it.
+bool FormWindow::Translate(MSG& message) {
+  if (!form_ || is_inert_ || !Holds(message.hwnd)) return false;
+  const Stay stay(*this);
+  try {
+    if (message.message == WM_KEYDOWN) return Translate_Key_Down(message);
+    if (message.message == WM_SYSCHAR)
+      return Handle_Form_Key(WM_SYSCHAR, message.wParam).has_value();
+  } catch (...) {
+    desk_.At_Failure();
+    return true;
+  }
+  // Letters to press show as soon as somebody is about to press one.
+  if (message.message == WM_SYSKEYDOWN && message.wParam == VK_MENU) {
+    SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL), 0);
+  }
+  return false;
+}
+
+bool FormWindow::Translate_Key_Down(MSG& message) {
+  const WPARAM key = message.wParam;
+  if (Is_Enter_Or_Escape(key)) {
     const FormControlWindow* const control = Control_At(message.hwnd);
     if (control && control->Is_Dropped_Down()) return false;
-    try {
-      return Press(static_cast<unsigned char>(message.wParam));
-    } catch (...) {
-      desk_.At_Failure();
-      return true;
-    }
+    return Press(static_cast<unsigned char>(key));
   }
-  if (message.message == WM_KEYDOWN && message.wParam == VK_TAB && is_child_ && Leaves_By_Tab()) {
-    return false;
-  }
-  // A plain key is a control's own affair.
-  if (message.message == WM_CHAR) return false;
+  const bool is_tab = key == VK_TAB && !Is_Down(VK_CONTROL);
+  if (!is_tab && !Is_Arrow(key)) return false;
+  if (is_tab && is_child_ && Leaves_By_Tab()) return false;
   return IsDialogMessageW(window_, &message) != FALSE;
 }
 
 // Whether the next control by Tab lies on the other side of the form's end.
 bool FormWindow::Leaves_By_Tab() const {
   const FormControlWindow* const now = Control_At(GetFocus());
-  const bool is_back = Is_Shift_Down();
+  const bool is_back = Is_Down(VK_SHIFT);
   const HWND next = GetNextDlgTabItem(window_, GetFocus(), is_back);
   for (const auto& one : controls_) {
     if (one.get() == now) return is_back ? next != nullptr && Control_At(next) == now : false;
@@ -55,8 +84,7 @@ bool FormWindow::Press(unsigned char key) {
 }
 
 std::optional<LRESULT> FormWindow::Handle_Control(FormControlWindow& control, HWND part,
-                                                  UINT message, WPARAM wide,
-                                                  LPARAM longer) noexcept {
+                                                  UINT message, WPARAM wide) noexcept {
   try {
     switch (message) {
       case WM_NCHITTEST:
@@ -67,6 +95,10 @@ std::optional<LRESULT> FormWindow::Handle_Control(FormControlWindow& control, HW
         return {};
       case WM_KILLFOCUS:
         Note_Focus(reinterpret_cast<HWND>(wide));
+        return {};
+      case WM_LBUTTONDOWN:
+      case WM_RBUTTONDOWN:
+        if (!form_ || !Takes_Focus((*form_)[control.Name()].kind)) Take_Focus_By_Click();
         return {};
       case WM_KEYDOWN:
       case WM_CHAR:
@@ -79,27 +111,42 @@ std::optional<LRESULT> FormWindow::Handle_Control(FormControlWindow& control, HW
     desk_.At_Failure();
     return 0;
   }
-  static_cast<void>(longer);
 }
 
 std::optional<LRESULT> FormWindow::Handle_Key(FormControlWindow& control, UINT message,
                                               WPARAM key) {
   if (!form_ || control.Is_Dropped_Down()) return {};
-  if (message == WM_KEYDOWN && key == VK_TAB) {
-    const HWND next = GetNextDlgTabItem(window_, GetFocus(), Is_Shift_Down());
+  if (message == WM_SYSCHAR) return Handle_Form_Key(message, key);
+  if (is_inert_) return 0;
+  if (message == WM_KEYDOWN) {
+    if (key != VK_TAB) return {};
+    const HWND next = GetNextDlgTabItem(window_, GetFocus(), Is_Down(VK_SHIFT));
     if (next) SetFocus(next);
     return 0;
   }
-  if (message == WM_SYSCHAR && form_->Press_Mnemonic(static_cast<char>(key))) return 0;
-  if (message != WM_CHAR || key > 0xFF) return {};
   if (key == VK_TAB) return 0;
+  const auto character = Key_Of(key);
+  if (!character) return {};
   const std::string name = control.Name();
-  const bool is_taken = form_->Press_Key(name, static_cast<unsigned char>(key));
+  const bool is_taken = form_->Press_Key(name, *character);
   if (!form_) return 0;
   // An edit field of one line would only beep.
   const FormControl& model = (*form_)[name];
   if (Is_Enter_Or_Escape(key) && (is_taken || !model.multi_line)) return 0;
   return {};
+}
+
+// A key for the form itself, or a letter to press on any of its controls.
+std::optional<LRESULT> FormWindow::Handle_Form_Key(UINT message, WPARAM key) {
+  const auto character = Key_Of(key);
+  if (!form_ || !character || is_inert_) return {};
+  const bool is_taken = message == WM_SYSCHAR ? form_->Press_Mnemonic(static_cast<char>(*character))
+                                              : form_->Press_Key(*character);
+  return is_taken ? std::optional<LRESULT>(0) : std::nullopt;
+}
+
+bool FormWindow::Holds(HWND window) const {
+  return window_ && window && (window == window_ || IsChild(window_, window));
 }
 
 // The control that had it last, or else the first that takes it.
@@ -112,9 +159,19 @@ void FormWindow::Give_Focus() {
   if (first && first != window_) SetFocus(first);
 }
 
+// A click on what takes no focus itself brings it to an embedded form all the same.
+void FormWindow::Take_Focus_By_Click() {
+  if (signals.At_Focus && !has_focus_ && form_) SetFocus(window_);
+}
+
+// To the window around a child.
+void FormWindow::Leave_Focus() {
+  if (is_child_ && Holds(GetFocus())) SetFocus(GetParent(window_));
+}
+
 void FormWindow::Note_Focus(HWND now) {
   if (!form_) return;
-  const bool is_here = now && (now == window_ || IsChild(window_, now));
+  const bool is_here = Holds(now);
   if (const FormControlWindow* const control = is_here ? Control_At(now) : nullptr) {
     form_->Move_Focus(control->Name());
   }

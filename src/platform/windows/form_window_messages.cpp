@@ -47,11 +47,8 @@ std::optional<LRESULT> FormWindow::Handle(HWND window, UINT message, WPARAM wide
       Give_Focus();
       return 0;
     case WM_CHAR:
-      if (form_->Press_Key(static_cast<unsigned char>(wide))) return 0;
-      return {};
     case WM_SYSCHAR:
-      if (form_->Press_Mnemonic(static_cast<char>(wide))) return 0;
-      return {};
+      return Handle_Form_Key(message, wide);
     case DM_GETDEFID: {
       const FormControlWindow* const button = Control_Named(form_->Default_Button());
       if (!button) return 0;
@@ -96,6 +93,8 @@ std::optional<LRESULT> FormWindow::Handle_Drawing(HWND window, UINT message, WPA
 // A click on the form or a frame is a press and a release there.
 std::optional<LRESULT> FormWindow::Handle_Mouse(HWND window, UINT message, LPARAM longer) {
   if (message == WM_NCHITTEST && is_inert_) return HTTRANSPARENT;
+  if (message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN) Take_Focus_By_Click();
+  if (!form_) return {};
   if (message == WM_LBUTTONDOWN) {
     is_pressed_ = true;
     SetCapture(window);

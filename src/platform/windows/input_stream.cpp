@@ -5,7 +5,7 @@
 namespace quillspeech::windows {
 
 WaveResult InputStream::Open(UINT device, const WaveFormat& format) {
-  constexpr std::uint32_t Buffers_A_Second = 40;
+  constexpr std::uint32_t Buffers_A_Second = 20;
   Close();
   const WAVEFORMATEX asked = System_Format(format);
   HWAVEIN opened = nullptr;
@@ -22,7 +22,7 @@ WaveResult InputStream::Open(UINT device, const WaveFormat& format) {
 }
 
 WaveResult InputStream::Give_Out_Buffers(std::size_t bytes) {
-  constexpr std::size_t Buffer_Count = 400;
+  constexpr std::size_t Buffer_Count = 200;
   next_ = taken_ = 0;
   buffers_.resize(Buffer_Count);  // they stay where they are until the device is closed
   for (Buffer& buffer : buffers_) {

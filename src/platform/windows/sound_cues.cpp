@@ -36,9 +36,10 @@ SoundCues::~SoundCues() {
 
 void SoundCues::Play(const std::string& name, CueMode mode) {
   constexpr milliseconds Way_Through_The_Device{200};
+  if (name.empty()) return;
   const UINT loop = mode == CueMode::Loop ? SND_LOOP : 0;
   ends_ = Clock::time_point::min();
-  if (!::sndPlaySoundW(Wide(name).c_str(), SND_ASYNC | SND_NODEFAULT | loop)) return;
+  if (!::sndPlaySoundW(Wide(name).c_str(), SND_ASYNC | loop)) return;
   const milliseconds length = Length_Of(name);
   if (length.count() == 0) return;
   ends_ = loop != 0 ? Clock::time_point::max() : Clock::now() + length + Way_Through_The_Device;
@@ -46,7 +47,7 @@ void SoundCues::Play(const std::string& name, CueMode mode) {
 
 void SoundCues::Purge() {
   ends_ = Clock::time_point::min();
-  ::sndPlaySoundW(nullptr, SND_PURGE);
+  ::sndPlaySoundW(L"", SND_PURGE);
 }
 
 }  // namespace quillspeech::windows

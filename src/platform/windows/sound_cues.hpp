@@ -15,6 +15,8 @@ class SoundCues final : public quillspeech::SoundCues {
   SoundCues(const SoundCues&) = delete;
   SoundCues& operator=(const SoundCues&) = delete;
 
+  // In the place of a file that cannot be played the system has a sound of its own. An empty name
+  // does nothing.
   void Play(const std::string& name, CueMode mode) override;
   void Purge() override;
   // By the length that the file tells of itself: the player does not tell. A loop does until it is

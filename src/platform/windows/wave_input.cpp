@@ -117,10 +117,12 @@ void WaveInput::Serve(EventLoop::Time now) {
   } else {
     stream_.Drop();
   }
-  if (closed_ && now >= *closed_ + Stream_Lingers) {
-    closed_.reset();
-    stream_.Close();
-  }
+  if (closed_ && now >= *closed_ + Stream_Lingers) Close_Stream();
+}
+
+void WaveInput::Close_Stream() {
+  closed_.reset();
+  stream_.Close();
 }
 
 void WaveInput::Take_Sound() {

@@ -33,6 +33,9 @@ class WaveInput final : public quillspeech::WaveInput, public EventSource {
   WaveResult Unprepare_Header(WaveHandle handle, WaveHeader& header) override;
   WaveResult Close(WaveHandle handle) override;
 
+  // Ends at once what runs on behind a closed line.
+  void Close_Stream();
+
   std::optional<EventLoop::Time> Next_Due() const override;
   void Serve(EventLoop::Time now) override;
 

@@ -65,6 +65,10 @@ WaveResult WaveOutput::Close(WaveHandle handle) {
   return Wave_Ok;
 }
 
+void WaveOutput::Cut() {
+  if (device_) ::waveOutReset(device_);
+}
+
 void WaveOutput::Close_Device() {
   if (!device_) return;
   ::waveOutReset(device_);

@@ -29,6 +29,9 @@ class WaveOutput final : public quillspeech::WaveOutput, public EventSource {
   WaveResult Unprepare_Header(WaveHandle handle, WaveHeader& header) override;
   WaveResult Close(WaveHandle handle) override;
 
+  // Ends what sounds: its headers are done at the next yield.
+  void Cut();
+
   std::optional<EventLoop::Time> Next_Due() const override;
   void Serve(EventLoop::Time now) override;
 

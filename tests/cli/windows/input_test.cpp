@@ -12,6 +12,7 @@
 
 #include "cli/interrupt_watch.hpp"
 #include "cli/live_input.hpp"
+#include "platform/windows/windows_api.hpp"
 
 namespace quillspeech::tests {
 namespace {
@@ -103,6 +104,23 @@ TEST_F(Input, A_stream_gets_the_bytes_as_they_are) {
   std::vector<std::string> lines;
   for (std::string line; std::getline(in, line);) lines.push_back(line);
   EXPECT_EQ(lines, (std::vector<std::string>{"one\r", "two\x1a"}));
+}
+
+TEST_F(Input, A_write_of_nothing_is_not_the_end) {
+  const cli::InterruptWatch watch;
+  cli::InterruptibleInput bytes(Out(), watch);
+  std::istream in(&bytes);
+  std::thread typist([this] {
+    const auto pipe = reinterpret_cast<HANDLE>(::_get_osfhandle(ends_[1]));
+    DWORD count = 0;
+    EXPECT_TRUE(::WriteFile(pipe, "", 0, &count, nullptr));
+    Type("more\n");
+    End();
+  });
+  std::string line;
+  EXPECT_TRUE(std::getline(in, line));
+  EXPECT_EQ(line, "more");
+  typist.join();
 }
 
 TEST_F(Input, An_interrupt_ends_a_stream_that_waits) {

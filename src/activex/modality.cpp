@@ -1,0 +1,47 @@
+#include "activex/modality.hpp"
+
+#include <algorithm>
+
+#include "activex/activation.hpp"
+#include "activex/module.hpp"
+
+namespace quillspeech::activex {
+
+std::vector<ComPtr<IOleInPlaceFrame>> Activations::Frames() const {
+  std::vector<ComPtr<IOleInPlaceFrame>> frames;
+  for (const Activation* const one : all_) {
+    const auto& frame = one->Frame();
+    const auto is_same = [&](const auto& other) { return other.Get() == frame.Get(); };
+    if (frame && std::ranges::none_of(frames, is_same)) frames.push_back(frame);
+  }
+  return frames;
+}
+
+HWND Activations::Top_Window() const {
+  HWND top = nullptr;
+  for (const Activation* const one : all_) {
+    const HWND window = one->Window();
+    if (!window || !::IsWindowVisible(window)) continue;
+    if (!top || one->Has_Keyboard()) top = ::GetAncestor(window, GA_ROOT);
+    if (one->Has_Keyboard()) break;
+  }
+  return top;
+}
+
+ModalTime::ModalTime(const Activations& activations) : frames_(activations.Frames()) {
+  Enable_Modeless(false);
+}
+
+ModalTime::~ModalTime() { Enable_Modeless(true); }
+
+void ModalTime::Enable_Modeless(bool on) const {
+  for (const auto& frame : frames_) frame->EnableModeless(on ? TRUE : FALSE);
+}
+
+BoxAnswer ContainedBoxes::Show(const MessageBox& box) {
+  const CountedControl session_is_used;
+  const ModalTime modal_time(activations_);
+  return boxes_.Show(box);
+}
+
+}  // namespace quillspeech::activex

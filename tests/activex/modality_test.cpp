@@ -1,0 +1,54 @@
+#include "activex/modality.hpp"
+
+#include "tests/activex/ole_fixture.hpp"
+
+namespace quillspeech::activex::tests {
+namespace {
+
+using ModalityTest = OleTest;
+
+HWND Owner_Of_Box() { return GetWindow(FindWindowW(nullptr, L"Quillspeech Start"), GW_OWNER); }
+
+TEST_F(ModalityTest, A_box_lies_before_the_window_around_an_active_control_whose_frame_is_told) {
+  Place();
+  Activate();
+  SetActiveWindow(nullptr);
+  session().flags.Settings_Ready_Count = 0;
+  HWND owner = nullptr;
+  container.Expect({"Frame.EnableModeless none"});
+  BoxCloser closer(L"Quillspeech Start", [&] {
+    container.Done();
+    owner = Owner_Of_Box();
+    container.Expect({"Frame.EnableModeless"});
+  });
+  Call("Start_Real_Action");
+  EXPECT_EQ(closer.closed, 1);
+  EXPECT_EQ(owner, container.window);
+  container.Done();
+  Deactivate();
+}
+
+TEST_F(ModalityTest, The_frame_of_a_control_that_goes_behind_the_box_is_told_of_the_end_too) {
+  Place();
+  Activate();
+  session().flags.Settings_Ready_Count = 0;
+  container.Expect({"Frame.EnableModeless none"});
+  BoxCloser closer(L"Quillspeech Start", [&] {
+    container.Expect({"OnInPlaceDeactivate"});
+    Withdraw();
+    container.Expect({"Frame.EnableModeless"});
+  });
+  Call("Start_Real_Action");
+  EXPECT_EQ(closer.closed, 1);
+}
+
+TEST_F(ModalityTest, Without_an_active_control_no_frame_is_told) {
+  Place();
+  session().flags.Settings_Ready_Count = 0;
+  BoxCloser closer(L"Quillspeech Start", [] {});
+  Call("Start_Real_Action");
+  EXPECT_EQ(closer.closed, 1);
+}
+
+}  // namespace
+}  // namespace quillspeech::activex::tests
