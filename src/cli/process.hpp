@@ -13,7 +13,7 @@ enum class StandardStream { In, Out, Err };  // descriptors 0 to 2
 class PreparedProcess {
  public:
   PreparedProcess();
-  ~PreparedProcess();
+  ~PreparedProcess();  // NOLINT(performance-trivially-destructible): not on every system
   PreparedProcess(const PreparedProcess&) = delete;
   PreparedProcess& operator=(const PreparedProcess&) = delete;
 };

@@ -118,6 +118,7 @@ std::vector<Form*> FormViews::On_Show() const {
   std::sort(found.begin(), found.end(),
             [](const View* one, const View* other) { return one->showing < other->showing; });
   std::vector<Form*> forms;
+  forms.reserve(found.size());
   for (const View* const view : found) forms.push_back(&view->form);
   return forms;
 }
