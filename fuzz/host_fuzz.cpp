@@ -2,6 +2,8 @@
 // line each, and ends when they end.
 #include <unistd.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -16,7 +18,7 @@ namespace quillspeech::fuzz {
 namespace {
 
 constexpr std::size_t Longest = 4'096;
-constexpr std::size_t Most_Digits = 5;  // of a number, so that no run lasts long
+constexpr std::int64_t Most_Milliseconds = 60'000;  // of all runs
 
 // A folder in which the files that a control makes do no harm. Names that lead out of it are left
 // to the tests.
@@ -46,19 +48,30 @@ bool Stays_Inside(const std::string& input) {
   return input.find_first_of("/\\") == std::string::npos;
 }
 
-// The lines of the input whose numbers are short.
+// The largest of the numbers that its digits spell, as far as it matters.
+std::int64_t Largest_Number(const std::string& line) {
+  std::int64_t number = 0;
+  std::int64_t largest = 0;
+  for (const char character : line) {
+    const bool is_digit = character >= '0' && character <= '9';
+    number = is_digit ? std::min(number * 10 + (character - '0'), Most_Milliseconds + 1) : 0;
+    largest = std::max(largest, number);
+  }
+  return largest;
+}
+
+// The lines of the input, but of the runs only as many as do not last long.
 std::string Quick_Lines(const std::string& input) {
   std::istringstream lines(input);
   std::string quick;
+  std::int64_t milliseconds = 0;
   for (std::string line; std::getline(lines, line);) {
-    std::size_t digits = 0;
-    std::size_t most = 0;
-    for (const char character : line) {
-      digits = character >= '0' && character <= '9' ? digits + 1 : 0;
-      most = std::max(most, digits);
+    if (line.find("run") != std::string::npos) {
+      milliseconds += Largest_Number(line);
+      if (milliseconds > Most_Milliseconds || line.find_first_of("eE.") != std::string::npos)
+        continue;
     }
-    const bool is_quick = most <= Most_Digits && line.find_first_of("eE.") == std::string::npos;
-    if (is_quick || line.find("run") == std::string::npos) quick += line + "\n";
+    quick += line + "\n";
   }
   return quick;
 }
