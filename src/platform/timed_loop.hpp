@@ -42,6 +42,10 @@ class TimedLoop : public EventLoop {
   void Add_Source(EventSource& source);
   void Remove_Source(EventSource& source);
 
+  // To be called by a source that has become due outside of a yield, so that the loop looks in
+  // time.
+  void Schedule() { On_New_Due(); }
+
   // The earliest moment at which a timer or a source is due; nothing when none ever is.
   std::optional<Time> Next_Due() const;
 

@@ -1,5 +1,4 @@
 // Cues on a real device, as a microphone beside it hears them.
-#include "platform/linux/sound_cues.hpp"
 #include "tests/live/device_fixture.hpp"
 
 namespace quillspeech::tests {
@@ -32,8 +31,8 @@ class Cues : public DeviceTest {
   bool Hears_Low() { return ear.Crossings() > 30 && ear.Crossings() < 60; }     // 40
   bool Hears_High() { return ear.Crossings() > 250 && ear.Crossings() < 350; }  // 300
 
-  Ear ear{events, audio};
-  linux::SoundCues cues{audio};
+  InputEar ear{Default_Input()};
+  SoundCues cues = Default_Cues();
 };
 
 TEST_F(Cues, A_cue_is_heard_for_its_length_and_then_no_more) {

@@ -1,6 +1,4 @@
 // An echo on a real device.
-#include "platform/linux/wave_output.hpp"
-
 #include "tests/live/device_fixture.hpp"
 
 namespace quillspeech::tests {
@@ -19,7 +17,7 @@ class WaveOutput : public DeviceTest {
 
   bool Is_Done() const { return (header.flags & Header_Done) != 0; }
 
-  linux::WaveOutput output{events, audio};
+  Output output = Default_Output();
   WaveHandle handle = 0;
   Sound bytes;
   WaveHeader header;
@@ -38,7 +36,7 @@ TEST_F(WaveOutput, A_header_is_done_after_its_length_and_never_before) {
 }
 
 TEST_F(WaveOutput, What_it_plays_is_heard) {
-  Ear ear(events, audio);
+  InputEar ear(Default_Input());
   ASSERT_TRUE(Await([&] {
     ear.Listen();
     return ear.Blocks() > 0;

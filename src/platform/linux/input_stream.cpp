@@ -16,10 +16,20 @@ int Come(const void* input, void*, unsigned long count, const PaStreamCallbackTi
 
 }  // namespace
 
-WaveResult InputStream::Open(const SoundDevice& device, std::uint32_t rate) {
+WaveResult InputStream::Get_Device_Capabilities(int) {
+  return audio_->Find_Input(name_) ? Wave_Ok : Wave_Bad_Device;
+}
+
+WaveResult InputStream::Open(const WaveFormat& format) {
+  if (format.channels != 1 || format.bits_per_sample != 8) return Wave_Bad_Format;
+  const auto device = audio_->Find_Input(name_);
+  return device ? Open_Device(*device, format.samples_per_second) : Wave_Bad_Device;
+}
+
+WaveResult InputStream::Open_Device(const SoundDevice& device, std::uint32_t rate) {
   constexpr std::size_t Seconds_Kept = 10;
   constexpr double Latency_In_Seconds = 0.03;
-  Close();
+  Close_Device();
   ring_.Make(rate * Seconds_Kept);
   rate_ = rate;
   PaStreamParameters input{};
@@ -35,17 +45,19 @@ WaveResult InputStream::Open(const SoundDevice& device, std::uint32_t rate) {
   }
   stream_ = stream;
   const PaError error = Pa_StartStream(stream);
-  if (error) Close();
+  if (error) Close_Device();
   return Result_Of(error);
 }
 
-void InputStream::Close() {
+void InputStream::Close_Device() {
   if (!stream_) return;
   Pa_AbortStream(stream_);
   Pa_CloseStream(stream_);
   stream_ = nullptr;
 }
 
-bool InputStream::Is_Running() const { return stream_ && Pa_IsStreamActive(stream_) == 1; }
+bool InputStream::Is_Running(const WaveFormat& format) const {
+  return stream_ && rate_ == format.samples_per_second && Pa_IsStreamActive(stream_) == 1;
+}
 
 }  // namespace quillspeech::linux

@@ -3,35 +3,42 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
 
 #include "platform/linux/port_audio.hpp"
 #include "platform/linux/sound_ring.hpp"
-#include "platform/wave_header.hpp"
+#include "platform/recording_stream.hpp"
 
 namespace quillspeech::linux {
 
 // The device writes from a thread of its own into a ring; whoever takes from it does so on one
-// other thread. When nobody takes for some seconds the newest sound is lost.
-class InputStream {
+// other thread.
+class InputStream final : public RecordingStream {
  public:
-  InputStream() = default;
-  ~InputStream() { Close(); }
+  // `device` as PortAudio::Find_Input takes it.
+  InputStream(std::shared_ptr<const PortAudio> audio, std::string device)
+      : audio_(std::move(audio)), name_(std::move(device)) {}
+  ~InputStream() override { Close_Device(); }
   InputStream(const InputStream&) = delete;
   InputStream& operator=(const InputStream&) = delete;
 
-  // Opens the device and lets it run.
-  WaveResult Open(const SoundDevice& device, std::uint32_t rate);
-  void Close();
-  // False also when the device went away.
-  bool Is_Running() const;
-  std::uint32_t Rate() const { return rate_; }
-
-  // Takes up to `most` bytes that came in; gives their number.
-  std::size_t Take(std::uint8_t* bytes, std::size_t most) { return ring_.Take(bytes, most); }
-  // Forgets what came in so far.
-  void Drop() { ring_.Drop(); }
+  WaveResult Get_Device_Capabilities(int device) override;
+  WaveResult Open(const WaveFormat& format) override;
+  void Close() override { Close_Device(); }
+  bool Is_Running(const WaveFormat& format) const override;
+  std::size_t Take(std::uint8_t* bytes, std::size_t most) override {
+    return ring_.Take(bytes, most);
+  }
+  void Drop() override { ring_.Drop(); }
 
  private:
+  WaveResult Open_Device(const SoundDevice& device, std::uint32_t rate);
+  void Close_Device();
+
+  std::shared_ptr<const PortAudio> audio_;
+  std::string name_;
   void* stream_ = nullptr;
   std::uint32_t rate_ = 0;
   SoundRing ring_;

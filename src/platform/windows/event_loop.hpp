@@ -55,10 +55,6 @@ class EventLoop final : public TimedLoop {
   // does not move meanwhile.
   void Wake() noexcept;
 
-  // To be called by a source that has become due outside of a yield, so that the ticks come also
-  // while a loop of the host's runs.
-  void Schedule() { On_New_Due(); }
-
   // From the end of the outermost yield or wait on, at once when there is none, no tick comes and
   // no message to the window reaches a handler, until it resumes. What the timers are, they stay.
   void Rest();

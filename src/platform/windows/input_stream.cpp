@@ -2,14 +2,32 @@
 
 #include <algorithm>
 
+#include "platform/windows/sound_devices.hpp"
+
 namespace quillspeech::windows {
 
-WaveResult InputStream::Open(UINT device, const WaveFormat& format) {
+std::optional<UINT> InputStream::Number() const {
+  return name_.empty() ? WAVE_MAPPER : Find_Input(name_);
+}
+
+// A device that was named stands in the place of every other.
+WaveResult InputStream::Get_Device_Capabilities(int device) {
+  if (!name_.empty()) return Number() ? Wave_Ok : Wave_Bad_Device;
+  WAVEINCAPSW about{};
+  return ::waveInGetDevCapsW(static_cast<UINT>(device), &about, sizeof about);
+}
+
+WaveResult InputStream::Open(const WaveFormat& format) {
+  const auto number = Number();
+  return number ? Open_Device(*number, format) : Wave_Bad_Device;
+}
+
+WaveResult InputStream::Open_Device(UINT number, const WaveFormat& format) {
   constexpr std::uint32_t Buffers_A_Second = 20;
-  Close();
+  Close_Device();
   const WAVEFORMATEX asked = System_Format(format);
   HWAVEIN opened = nullptr;
-  if (const MMRESULT wrong = ::waveInOpen(&opened, device, &asked, 0, 0, CALLBACK_NULL)) {
+  if (const MMRESULT wrong = ::waveInOpen(&opened, number, &asked, 0, 0, CALLBACK_NULL)) {
     return wrong;
   }
   device_ = opened;
@@ -17,7 +35,7 @@ WaveResult InputStream::Open(UINT device, const WaveFormat& format) {
   const std::uint32_t blocks = format.samples_per_second / Buffers_A_Second;
   WaveResult wrong = Give_Out_Buffers(std::size_t{blocks} * format.block_alignment);
   if (wrong == Wave_Ok) wrong = ::waveInStart(device_);
-  if (wrong != Wave_Ok) Close();
+  if (wrong != Wave_Ok) Close_Device();
   return wrong;
 }
 
@@ -36,7 +54,7 @@ WaveResult InputStream::Give_Out_Buffers(std::size_t bytes) {
   return Wave_Ok;
 }
 
-void InputStream::Close() {
+void InputStream::Close_Device() {
   if (!device_) return;
   ::waveInReset(device_);
   for (Buffer& buffer : buffers_) {

@@ -3,31 +3,30 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
+#include "platform/recording_stream.hpp"
 #include "platform/windows/multimedia.hpp"
 
 namespace quillspeech::windows {
 
-// When nobody takes for ten seconds the newest sound is lost.
-class InputStream {
+class InputStream final : public RecordingStream {
  public:
-  InputStream() = default;
-  ~InputStream() { Close(); }
+  // Records from the input of that name or number (Find_Input), or from the wave mapper.
+  explicit InputStream(std::string device) : name_(std::move(device)) {}
+  ~InputStream() override { Close_Device(); }
   InputStream(const InputStream&) = delete;
   InputStream& operator=(const InputStream&) = delete;
 
-  // Opens the device and lets it run. `device` is a number or WAVE_MAPPER.
-  WaveResult Open(UINT device, const WaveFormat& format);
-  void Close();
-  // Whether it is open for that format, and the device is still there.
-  bool Is_Running(const WaveFormat& format) const;
-
-  // Takes up to `most` bytes, the oldest first; gives their number. Sound comes by buffers of a
-  // fortieth of a second.
-  std::size_t Take(std::uint8_t* bytes, std::size_t most);
-  // Forgets what came in so far.
-  void Drop();
+  WaveResult Get_Device_Capabilities(int device) override;
+  WaveResult Open(const WaveFormat& format) override;
+  void Close() override { Close_Device(); }
+  bool Is_Running(const WaveFormat& format) const override;
+  std::size_t Take(std::uint8_t* bytes, std::size_t most) override;
+  void Drop() override;
 
  private:
   struct Buffer {
@@ -35,10 +34,14 @@ class InputStream {
     std::vector<std::uint8_t> bytes;
   };
 
+  std::optional<UINT> Number() const;  // nothing when the device is not there
+  WaveResult Open_Device(UINT number, const WaveFormat& format);
+  void Close_Device();
   WaveResult Give_Out_Buffers(std::size_t bytes);
   Buffer* Next_Done();
   void Give_Back(Buffer& buffer);
 
+  std::string name_;
   HWAVEIN device_ = nullptr;
   WaveFormat format_;
   std::vector<Buffer> buffers_;

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/windows/sound_devices.hpp"
-#include "tests/live/windows/device_fixture.hpp"
+#include "tests/live/device_fixture.hpp"
 
 namespace quillspeech::tests {
 namespace {
@@ -135,7 +135,7 @@ TEST_F(WaveInput, One_device_can_be_recorded_from_twice_at_once) {
   windows::WaveInput other(events);
   Begin(input, Mono_22050, 4'000);
   {
-    const Ear ear(events);
+    const InputEar ear(Default_Input());
     EXPECT_TRUE(Await([&] { return Is_Done(); }));
   }
   End(input);

@@ -1,6 +1,11 @@
 // A capture's device that opens and closes every few seconds.
 #include "platform/linux/wave_input.hpp"
 
+#include <array>
+#include <cstdio>
+#include <string>
+#include <vector>
+
 #include "tests/live/device_fixture.hpp"
 
 namespace quillspeech::tests {
@@ -11,6 +16,15 @@ class WaveInput : public DeviceTest {
   // The server's number of the stream and its rate; empty while there is none.
   static std::string Stream() {
     return Said_By("pactl list short source-outputs | awk '{print $1, $(NF-0)}'");
+  }
+  static std::string Said_By(const std::string& command) {
+    std::string said;
+    FILE* const pipe = ::popen(command.c_str(), "r");
+    if (!pipe) return said;
+    std::array<char, 256> part;
+    while (std::fgets(part.data(), part.size(), pipe)) said += part.data();
+    ::pclose(pipe);
+    return said;
   }
   // Records a tenth of a second.
   void Record(const WaveFormat& format) {

@@ -1,11 +1,11 @@
-#include "platform/linux/wave_input.hpp"
+#include "platform/streamed_wave_input.hpp"
 
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <utility>
 
-namespace quillspeech::linux {
+namespace quillspeech {
 namespace {
 
 constexpr EventLoop::Time Stream_Lingers = std::chrono::seconds(3);
@@ -17,27 +17,23 @@ std::int64_t Room_In(const WaveLine::Queued& queued) {
 
 }  // namespace
 
-WaveInput::WaveInput(TimedLoop& loop, std::shared_ptr<const PortAudio> audio, std::string device)
-    : loop_(loop), audio_(std::move(audio)), device_(std::move(device)) {
+StreamedWaveInput::StreamedWaveInput(TimedLoop& loop, std::unique_ptr<RecordingStream> stream)
+    : loop_(loop), stream_(std::move(stream)) {
   loop_.Add_Source(*this);
 }
 
-WaveInput::~WaveInput() { loop_.Remove_Source(*this); }
+StreamedWaveInput::~StreamedWaveInput() { loop_.Remove_Source(*this); }
 
-WaveResult WaveInput::Get_Device_Capabilities(int) {
-  return audio_->Find_Input(device_) ? Wave_Ok : Wave_Bad_Device;
+WaveResult StreamedWaveInput::Get_Device_Capabilities(int device) {
+  return stream_->Get_Device_Capabilities(device);
 }
 
-WaveResult WaveInput::Open(WaveHandle& handle, const WaveFormat& format) {
-  if (format.channels != 1 || format.bits_per_sample != 8) return Wave_Bad_Format;
+WaveResult StreamedWaveInput::Open(WaveHandle& handle, const WaveFormat& format) {
   WaveHandle opened = 0;
   if (const WaveResult wrong = line_.Open(opened, format)) return wrong;
   closed_.reset();
-  if (!stream_.Is_Running() || stream_.Rate() != format.samples_per_second) {
-    const auto device = audio_->Find_Input(device_);
-    const WaveResult wrong =
-        device ? stream_.Open(*device, format.samples_per_second) : Wave_Bad_Device;
-    if (wrong != Wave_Ok) {
+  if (!stream_->Is_Running(format)) {
+    if (const WaveResult wrong = stream_->Open(format)) {
       line_.Close(opened);
       return wrong;
     }
@@ -46,79 +42,84 @@ WaveResult WaveInput::Open(WaveHandle& handle, const WaveFormat& format) {
   return Wave_Ok;
 }
 
-WaveResult WaveInput::Prepare_Header(WaveHandle handle, WaveHeader& header) {
+WaveResult StreamedWaveInput::Prepare_Header(WaveHandle handle, WaveHeader& header) {
   return line_.Prepare(handle, header);
 }
 
-WaveResult WaveInput::Add_Buffer(WaveHandle handle, WaveHeader& header) {
+WaveResult StreamedWaveInput::Add_Buffer(WaveHandle handle, WaveHeader& header) {
   if (const WaveResult wrong = line_.Add(handle, header)) return wrong;
   header.bytes_recorded = 0;
+  loop_.Schedule();
   return Wave_Ok;
 }
 
-WaveResult WaveInput::Start(WaveHandle handle) {
+WaveResult StreamedWaveInput::Start(WaveHandle handle) {
   if (const WaveResult wrong = line_.Check(handle)) return wrong;
-  if (!is_started_) stream_.Drop();  // what came before is not asked for
+  if (!is_started_) stream_->Drop();  // what came before is not asked for
   is_started_ = true;
   served_ = loop_.Now();
+  loop_.Schedule();
   return Wave_Ok;
 }
 
-WaveResult WaveInput::Stop(WaveHandle handle) {
+WaveResult StreamedWaveInput::Stop(WaveHandle handle) {
   if (const WaveResult wrong = line_.Check(handle)) return wrong;
   is_started_ = false;
   return Wave_Ok;
 }
 
-WaveResult WaveInput::Reset(WaveHandle handle) {
+WaveResult StreamedWaveInput::Reset(WaveHandle handle) {
   if (const WaveResult wrong = line_.Check(handle)) return wrong;
   is_started_ = false;
   while (!line_.queue.empty()) line_.Give_Back();
   return Wave_Ok;
 }
 
-WaveResult WaveInput::Unprepare_Header(WaveHandle handle, WaveHeader& header) {
+WaveResult StreamedWaveInput::Unprepare_Header(WaveHandle handle, WaveHeader& header) {
   return line_.Unprepare(handle, header);
 }
 
-WaveResult WaveInput::Close(WaveHandle handle) {
+WaveResult StreamedWaveInput::Close(WaveHandle handle) {
   if (const WaveResult wrong = line_.Close(handle)) return wrong;
   is_started_ = false;
   closed_ = loop_.Now();
+  loop_.Schedule();
   return Wave_Ok;
 }
 
-std::optional<EventLoop::Time> WaveInput::Next_Due() const {
+std::optional<EventLoop::Time> StreamedWaveInput::Next_Due() const {
   if (Is_Recording()) {
     constexpr std::int64_t Microseconds_A_Second = 1'000'000;
     const EventLoop::Time rest{Room_In(line_.queue.front()) * Microseconds_A_Second /
-                               line_.Format().samples_per_second};
+                               line_.Format().average_bytes_per_second};
     return served_ + std::max(rest, Shortest_Look);
   }
   if (closed_) return *closed_ + Stream_Lingers;
   return std::nullopt;
 }
 
-void WaveInput::Serve(EventLoop::Time now) {
+void StreamedWaveInput::Serve(EventLoop::Time now) {
   served_ = now;
   if (Is_Recording()) {
     Take_Sound();
   } else {
-    stream_.Drop();
+    stream_->Drop();
   }
-  if (closed_ && now >= *closed_ + Stream_Lingers) {
-    closed_.reset();
-    stream_.Close();
-  }
+  if (closed_ && now >= *closed_ + Stream_Lingers) Close_Stream();
 }
 
-void WaveInput::Take_Sound() {
+void StreamedWaveInput::Close_Stream() {
+  closed_.reset();
+  stream_->Close();
+}
+
+void StreamedWaveInput::Take_Sound() {
   while (!line_.queue.empty()) {
     WaveLine::Queued& queued = line_.queue.front();
     WaveHeader& header = *queued.header;
     std::array<std::uint8_t, 4096> taken;
     const std::int64_t wanted = std::min<std::int64_t>(Room_In(queued), taken.size());
-    const std::size_t got = stream_.Take(taken.data(), static_cast<std::size_t>(wanted));
+    const std::size_t got = stream_->Take(taken.data(), static_cast<std::size_t>(wanted));
     if (header.data) std::copy_n(taken.data(), got, header.data + queued.bytes);
     queued.bytes += static_cast<std::int64_t>(got);
     header.bytes_recorded = static_cast<std::uint32_t>(queued.bytes);
@@ -130,4 +131,4 @@ void WaveInput::Take_Sound() {
   }
 }
 
-}  // namespace quillspeech::linux
+}  // namespace quillspeech
