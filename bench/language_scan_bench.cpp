@@ -7,7 +7,9 @@
 #include <cstdlib>
 #include <memory>
 
+#include "platform/headless/dialogs.hpp"
 #include "platform/headless/event_loop.hpp"
+#include "platform/headless/form_view.hpp"
 #include "platform/headless/host_program.hpp"
 #include "platform/headless/message_boxes.hpp"
 #include "platform/headless/riff_file.hpp"
@@ -33,8 +35,10 @@ struct Bench_Session {
   headless::NoWaveInput wave_input;
   headless::WaveOutput wave_output;
   linux::DataFileStore data_files;
-  Session session{
-      Ports{events, boxes, host, cues, shell, riff_files, wave_input, wave_output, data_files}};
+  headless::Dialogs dialogs;
+  headless::FormViews views;
+  Session session{Ports{events, boxes, host, cues, shell, riff_files, wave_input, wave_output,
+                        data_files, dialogs, views}};
 };
 
 const char* File_Name(benchmark::State& state) {

@@ -4,7 +4,9 @@
 
 #include "audio/padding.hpp"
 #include "core/operations.hpp"
+#include "platform/headless/dialogs.hpp"
 #include "platform/headless/event_loop.hpp"
+#include "platform/headless/form_view.hpp"
 #include "platform/headless/host_program.hpp"
 #include "platform/headless/message_boxes.hpp"
 #include "platform/headless/shell.hpp"
@@ -28,8 +30,11 @@ int main(int count, char** arguments) {
   qs::headless::WaveOutput wave_output;
   qs::linux::RiffFiles riff_files;
   qs::linux::DataFileStore data_files;
-  const auto session = std::make_unique<qs::Session>(
-      qs::Ports{events, boxes, host, cues, shell, riff_files, wave_input, wave_output, data_files});
+  qs::headless::Dialogs dialogs;
+  qs::headless::FormViews views;
+  const auto session =
+      std::make_unique<qs::Session>(qs::Ports{events, boxes, host, cues, shell, riff_files,
+                                              wave_input, wave_output, data_files, dialogs, views});
   qs::Prepare_Session(*session);
 
   // Each setting has the name and the initial value that it has in the control.

@@ -17,7 +17,7 @@ WORDS = ["six_en-us_150_50.wav", "computer_en-us_150_50.wav"]
 
 def prepare(host, samples, language):
     """A new control that listens for the words of the samples."""
-    host.request("new")
+    host.new()
     host.let("Consider_this_Lang_File_to_match", str(language))
     host.let("Consider_this_Engine_for_Recognition", str(samples / "demo.EGN"))
     host.let("Sample_processing_resolution", 400)

@@ -1,7 +1,7 @@
 """Drives a control of quillspeech line by line (docs/host_protocol.md).
 
     with Host("quillspeech") as host:
-        host.request("new")
+        host.new()
         host.request("call", member="Start_Real_Action")
         host.request("run", ms=1000)
         for notification in host.notifications():
@@ -60,12 +60,16 @@ class Host:
 
     def reply(self, request_id):
         """Waits for the reply: its value or bag, or None when it has neither."""
-        while request_id not in self._replies:
-            self._read_line()
+        while not self.is_answered(request_id):
+            self.read_line()
         reply = self._replies.pop(request_id)
         if "error" in reply:
             raise HostError(reply["error"]["number"], reply["error"]["text"])
         return reply.get("value", reply.get("bag"))
+
+    def is_answered(self, request_id):
+        """Whether the reply has come and is still to be asked for."""
+        return request_id in self._replies
 
     def request(self, do, **fields):
         """Sends a request and waits for its reply."""
@@ -85,6 +89,13 @@ class Host:
             self._process.stdout.close()
         return self._process.wait()
 
+    def new(self):
+        """A new control. It greets with its help window, which is closed here; as every request
+        that opens a modal window, this one is answered then."""
+        made = self.send("new")
+        self.request("close", on="Help")
+        self.reply(made)
+
     def get(self, member):
         return self.request("get", member=member)
 
@@ -100,7 +111,8 @@ class Host:
     def run(self, ms):
         self.request("run", ms=ms)
 
-    def _read_line(self):
+    def read_line(self):
+        """Waits for the next line of the host."""
         line = self._process.stdout.readline()
         if not line:
             raise EOFError("the host has ended")

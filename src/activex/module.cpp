@@ -36,8 +36,8 @@ struct Module::Platform {
   windows::WaveInput wave_input{events};
   windows::WaveOutput wave_output{events};
   windows::DataFileStore data_files{windows::NameEncoding::Windows1252};
-  quillspeech::Session session{
-      Ports{events, boxes, host, cues, shell, riff_files, wave_input, wave_output, data_files}};
+  quillspeech::Session session{Ports{events, boxes, host, cues, shell, riff_files, wave_input,
+                                     wave_output, data_files, dialogs, views}};
   windows::FormViews views{events};
 };
 

@@ -5,7 +5,6 @@
 
 #include "cli/exit_status.hpp"
 #include "cli/host_control.hpp"
-#include "cli/host_failure.hpp"
 #include "cli/host_on_real_clock.hpp"
 #include "cli/host_on_virtual_clock.hpp"
 #include "cli/live_options.hpp"
@@ -17,21 +16,12 @@ namespace {
 
 constexpr int Standard_Input = 0;
 
-// A failure of a tick has nobody else to go to, and the control goes on.
-void Wait_For_Events(HostControl& host) {
-  try {
-    host.Live().Events().Wait_For_Events();
-  } catch (...) {
-    host.Tell({{"failure", Current_Failure_Json()}});
-  }
-}
-
 // A host whose lines get lost has nobody to work for.
 template <class Requests>
 int Host_Until_End(HostControl& host, Requests&& requests) {
   while (!requests.Have_Ended()) {
     if (host.Is_Heard()) {
-      Wait_For_Events(host);
+      host.Wait_For_Events();
     } else {
       requests.End();
     }

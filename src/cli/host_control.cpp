@@ -20,11 +20,16 @@ nlohmann::ordered_json Face_Json(const Face& face) {
           {"Text2", To_Utf8(face.Text2)}};
 }
 
+nlohmann::ordered_json Answer_Json(const std::optional<std::string>& answer) {
+  return answer ? nlohmann::ordered_json(To_Utf8(*answer)) : nlohmann::ordered_json(nullptr);
+}
+
 }  // namespace
 
 HostControl::HostControl(const LiveOptions& options, std::ostream& out)
     : out_(out),
-      live_(std::make_unique<LiveSession>(options, static_cast<MessageBoxes&>(*this))),
+      live_(std::make_unique<LiveSession>(options, static_cast<MessageBoxes&>(*this),
+                                          static_cast<Dialogs&>(*this))),
       windows_([this](const std::string& name, bool shown, bool modal) {
         Tell({{"window", {{"name", name}, {"shown", shown}, {"modal", modal}}}});
       }),
@@ -40,10 +45,13 @@ HostControl::HostControl(const LiveOptions& options, std::ostream& out)
   };
   Watch_Echo();
   windows_.Watch(session.operations);
+  windows_.Watch(live_->views);
+  live_->views.Wait = [this] { return Wait_In_Window(); };
   control_ = Control::Make(session, *this);
 }
 
-HostControl::~HostControl() = default;
+// What goes with the session is nobody's news.
+HostControl::~HostControl() { live_->views.At_Showing = nullptr; }
 
 void HostControl::Tell(const Json& line) {
   out_ << line.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n' << std::flush;
@@ -64,6 +72,14 @@ std::shared_ptr<Control> HostControl::Some_Control() {
 void HostControl::End() {
   const auto control = control_;
   control->UserControl_Terminate();
+}
+
+void HostControl::Wait_For_Events() {
+  try {
+    live_->Events().Wait_For_Events();
+  } catch (...) {
+    Tell({{"failure", Current_Failure_Json()}});
+  }
 }
 
 void HostControl::Raise(const ControlEvent& event) {
@@ -93,16 +109,39 @@ void HostControl::Pump_Failed(int number) {
 }
 
 BoxAnswer HostControl::Show(const MessageBox& box) {
-  const BoxAnswer answer = box.buttons == BoxButtons::YesNo ? Next_Answer() : BoxAnswer::OK;
+  BoxAnswer answer = BoxAnswer::OK;
+  if (box.buttons == BoxButtons::YesNo) {
+    answer = Next_Answer() == "Yes" ? BoxAnswer::Yes : BoxAnswer::No;
+  }
   Tell({{"box", Box_Json(box, answer)}});
   return answer;
 }
 
-BoxAnswer HostControl::Next_Answer() {
-  if (answers.empty()) return BoxAnswer::No;
-  const auto answer = std::move(answers.front());
+std::string HostControl::Ask_Text(const InputBox& box) {
+  const auto answer = Next_Answer();
+  Tell({{"input",
+         {{"title", To_Utf8(box.title)},
+          {"prompt", To_Utf8(box.prompt)},
+          {"text", To_Utf8(box.text)},
+          {"answer", Answer_Json(answer)}}}});
+  return answer.value_or("");
+}
+
+std::string HostControl::Ask_File(const FileDialog& dialog) {
+  const auto answer = Next_Answer();
+  Tell({{"file_dialog",
+         {{"title", To_Utf8(dialog.title)},
+          {"pattern", To_Utf8(dialog.pattern)},
+          {"name", To_Utf8(dialog.name)},
+          {"answer", Answer_Json(answer)}}}});
+  return answer.value_or("");
+}
+
+std::optional<std::string> HostControl::Next_Answer() {
+  if (answers.empty()) return std::nullopt;
+  auto answer = std::move(answers.front());
   answers.pop_front();
-  return answer == "Yes" ? BoxAnswer::Yes : BoxAnswer::No;
+  return answer;
 }
 
 // It is told when it begins to sound, or, when it never does, at its end.

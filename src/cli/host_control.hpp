@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -16,7 +17,7 @@
 namespace quillspeech::cli {
 
 // Large: keep it on the heap.
-class HostControl final : private Container, private MessageBoxes {
+class HostControl final : private Container, private MessageBoxes, private Dialogs {
  public:
   using Json = nlohmann::ordered_json;
 
@@ -36,9 +37,16 @@ class HostControl final : private Container, private MessageBoxes {
   std::shared_ptr<Control> Living_Control() const;           // refused once it is ended
   std::shared_ptr<Control> Some_Control();                   // another one when it is ended
   void End();
+  // Waits for something to be due and runs it. A failure in there is told: it has nobody else to go
+  // to, and the control goes on.
+  void Wait_For_Events();
 
   bool user_mode = true;
-  std::deque<std::optional<std::string>> answers;  // UTF-8, for what asks next; none cancels
+  // For what asks next, in Windows-1252; nothing cancels.
+  std::deque<std::optional<std::string>> answers;
+  // Lets something happen while a window is shown modally; false when it is to close. Set by
+  // whoever serves the requests.
+  std::function<bool()> Wait_In_Window = [] { return false; };
 
  private:
   struct Echo {
@@ -53,10 +61,12 @@ class HostControl final : private Container, private MessageBoxes {
   void Face_Changed(const Face& face) override;
   void Pump_Failed(int number) override;
   BoxAnswer Show(const MessageBox& box) override;
+  std::string Ask_Text(const InputBox& box) override;
+  std::string Ask_File(const FileDialog& dialog) override;
 
   void Watch_Echo();
   void Tell_Echo(Echo& echo, std::int64_t bytes);
-  BoxAnswer Next_Answer();
+  std::optional<std::string> Next_Answer();
   std::int64_t Milliseconds() const;
 
   std::ostream& out_;

@@ -13,13 +13,21 @@ RequestsOnRealClock::RequestsOnRealClock(HostControl& host, int input)
     requests_.Time_Has_Passed();
     Serve_All();
   });
+  rest_ = events_.Make_Timer(std::chrono::milliseconds(1), [this] {
+    rest_->Enable(false);
+    Serve_All();
+  });
+  host.Wait_In_Window = [this] { return Wait_In_Window(); };
   input_.Watch([this] {
     Read();
     Serve_All();
   });
 }
 
-RequestsOnRealClock::~RequestsOnRealClock() { Close(); }
+RequestsOnRealClock::~RequestsOnRealClock() {
+  requests_.host.Wait_In_Window = [] { return false; };
+  Close();
+}
 
 void RequestsOnRealClock::Read() {
   if (const auto bytes = input_.Read()) return lines_.Add(*bytes);
@@ -34,16 +42,34 @@ void RequestsOnRealClock::Close() {
 }
 
 // The lines behind a run wait until its time has passed.
-void RequestsOnRealClock::Serve_All() {
-  while (!requests_.Is_Running() && requests_.host.Is_Heard()) {
-    const auto line = lines_.Next();
-    if (!line) break;
-    if (line->is_too_long) {
-      requests_.Refuse_Long_Line();
-    } else {
-      requests_.Serve(line->text);
-    }
+bool RequestsOnRealClock::Serve_One() {
+  if (requests_.Is_Running() || !requests_.host.Is_Heard()) return false;
+  const auto line = lines_.Next();
+  if (!line) return false;
+  if (line->is_too_long) {
+    requests_.Refuse_Long_Line();
+  } else {
+    requests_.Serve(line->text);
   }
+  return true;
+}
+
+// The lines behind one that has closed a modal window wait until its showing has returned.
+void RequestsOnRealClock::Serve_All() {
+  do {
+    if (requests_.host.Live().views.Is_Modal_Show_Over()) return rest_->Enable(true);
+  } while (Serve_One());
+  End_When_Done();
+}
+
+bool RequestsOnRealClock::Wait_In_Window() {
+  if (ended_ || Serve_One()) return !ended_;
+  End_When_Done();
+  if (!ended_) requests_.host.Wait_For_Events();
+  return !ended_;
+}
+
+void RequestsOnRealClock::End_When_Done() {
   const bool is_done = !is_open_ && !requests_.Is_Running();
   if (is_done || !requests_.host.Is_Heard()) End();
 }

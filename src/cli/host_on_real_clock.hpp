@@ -24,7 +24,10 @@ class RequestsOnRealClock {
  private:
   void Read();
   void Close();
+  bool Serve_One();  // false: there is no line to serve now
   void Serve_All();
+  bool Wait_In_Window();
+  void End_When_Done();
   void Pass_Time(std::chrono::milliseconds time);
 
   backend::EventLoop& events_;
@@ -32,7 +35,8 @@ class RequestsOnRealClock {
   bool is_open_ = true;
   RequestLines lines_;
   HostRequests requests_;
-  std::unique_ptr<Timer> run_;  // on until the time of a run has passed
+  std::unique_ptr<Timer> run_;   // on until the time of a run has passed
+  std::unique_ptr<Timer> rest_;  // on while lines wait for a modal showing to return
   bool ended_ = false;
 };
 

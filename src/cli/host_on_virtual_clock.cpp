@@ -8,9 +8,11 @@ RequestsOnVirtualClock::RequestsOnVirtualClock(HostControl& host, std::istream& 
       requests_(host, [this](std::chrono::milliseconds time) { *events_.horizon += time; }) {
   events_.horizon = events_.Now();
   events_.At_Horizon = [this] { Serve_Next(); };
+  host.Wait_In_Window = [this] { return Wait_In_Window(); };
 }
 
 RequestsOnVirtualClock::~RequestsOnVirtualClock() {
+  requests_.host.Wait_In_Window = [] { return false; };
   events_.At_Horizon = nullptr;
   events_.horizon.reset();
 }
@@ -22,6 +24,11 @@ void RequestsOnVirtualClock::Serve_Next() {
   if (!line) return End();
   if (line->is_too_long) return requests_.Refuse_Long_Line();
   requests_.Serve(line->text);
+}
+
+bool RequestsOnVirtualClock::Wait_In_Window() {
+  if (!ended_ && requests_.host.Is_Heard()) requests_.host.Wait_For_Events();
+  return !ended_ && requests_.host.Is_Heard();
 }
 
 // Whatever waits has all the time that it needs to leave.

@@ -24,6 +24,7 @@ class RequestsOnVirtualClock {
 
  private:
   void Serve_Next();
+  bool Wait_In_Window();
 
   headless::EventLoop& events_;
   std::istream& in_;

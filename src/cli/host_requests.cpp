@@ -3,15 +3,15 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <limits>
-#include <map>
 #include <utility>
 #include <variant>
 
 #include "base/run_time_failure.hpp"
 #include "base/text.hpp"
+#include "cli/host_card.hpp"
 #include "cli/host_failure.hpp"
 #include "cli/host_fields.hpp"
+#include "cli/host_forms.hpp"
 #include "cli/json_bag.hpp"
 #include "core/member_table.hpp"
 #include "core/persistence.hpp"
@@ -108,6 +108,7 @@ Json Call(HostRequests& requests, const Json& request) {
 
 Json Press(HostRequests& requests, const Json& request) {
   const auto control = requests.host.Living_Control();
+  host_forms::Require_Free_Host(requests.host);
   const std::string& child = Text(request, "on");
   if (!control->Click_On(child)) {
     throw RefusedRequest("there is nothing to press that is called " + child);
@@ -135,58 +136,12 @@ Json Answer(HostRequests& requests, const Json& request) {
     if (answer.is_null()) {
       answers.emplace_back(std::nullopt);
     } else if (answer.is_string()) {
-      answers.emplace_back(answer.get<std::string>());
+      answers.emplace_back(In_Windows_1252(answer.get_ref<const std::string&>(), "with"));
     } else {
       throw RefusedRequest("an answer must be a text or null");
     }
   }
   std::ranges::move(answers, std::back_inserter(requests.host.answers));
-  return Nothing_More();
-}
-
-headless::SoundCard& Simulated_Card(HostRequests& requests) {
-  headless::SoundCard* const card = requests.host.Live().Card();
-  if (!card) throw RefusedRequest("the sound card is no simulated one");
-  return *card;
-}
-
-Json Play(HostRequests& requests, const Json& request) {
-  headless::SoundCard& card = Simulated_Card(requests);
-  Play_Into_Microphone(card, Text(request, "file"), requests.host.Live().Events().Now());
-  return Nothing_More();
-}
-
-constexpr auto Card_Calls = std::to_array<std::string_view>({
-    "wave_in_get_dev_caps",
-    "wave_in_open",
-    "wave_in_prepare_header",
-    "wave_in_add_buffer",
-    "wave_in_start",
-    "wave_in_stop",
-    "wave_in_reset",
-    "wave_in_unprepare_header",
-    "wave_in_close",
-    "wave_out_open",
-    "wave_out_prepare_header",
-    "wave_out_write",
-    "wave_out_unprepare_header",
-    "wave_out_close",
-});
-
-Json Faults(HostRequests& requests, const Json& request) {
-  constexpr std::int64_t Greatest = std::numeric_limits<std::int32_t>::max();
-  headless::SoundCard& card = Simulated_Card(requests);
-  auto faults = card.faults;
-  for (const auto& [name, answer] : request.items()) {
-    if (name == "id" || name == "do") continue;
-    if (std::ranges::find(Card_Calls, name) == Card_Calls.end()) {
-      throw RefusedRequest("the sound card has no call " + Quoted(name));
-    }
-    const auto number = static_cast<WaveResult>(As_Whole_Number(answer, name, 0, Greatest));
-    if (number == Wave_Ok) faults.erase(name);
-    if (number != Wave_Ok) faults[name] = number;
-  }
-  card.faults = std::move(faults);
   return Nothing_More();
 }
 
@@ -218,6 +173,12 @@ Json Run(HostRequests& requests, const Json& request) {
   return Nothing_More();
 }
 
+// A request that needs the control and what surrounds it, but nothing of the other requests.
+template <auto request_on_host>
+Json On_Host(HostRequests& requests, const Json& request) {
+  return request_on_host(requests.host, request);
+}
+
 using Handler = Json (*)(HostRequests&, const Json& request);
 
 constexpr auto Handlers = std::to_array<std::pair<std::string_view, Handler>>({
@@ -228,14 +189,32 @@ constexpr auto Handlers = std::to_array<std::pair<std::string_view, Handler>>({
     {"let", Let},
     {"call", Call},
     {"press", Press},
+    {"click", On_Host<host_forms::Click>},
+    {"menu", On_Host<host_forms::Choose_Menu>},
+    {"type", On_Host<host_forms::Type>},
+    {"select", On_Host<host_forms::Select>},
+    {"key", On_Host<host_forms::Press_Key>},
+    {"close", On_Host<host_forms::Close>},
+    {"read", On_Host<host_forms::Read>},
+    {"windows", On_Host<host_forms::Windows>},
     {"run", Run},
     {"mode", Mode},
     {"program", Program},
     {"answer", Answer},
-    {"play", Play},
-    {"faults", Faults},
+    {"play", On_Host<host_card::Play>},
+    {"faults", On_Host<host_card::Set_Faults>},
     {"peek", Peek},
     {"end", End},
+});
+
+// Requests that may open a window which keeps them waiting.
+constexpr auto May_Wait = std::to_array<Handler>({
+    New,
+    Call,
+    Press,
+    On_Host<host_forms::Click>,
+    On_Host<host_forms::Choose_Menu>,
+    On_Host<host_forms::Press_Key>,
 });
 
 Handler Handler_Of(const Json& request) {
@@ -260,6 +239,20 @@ Json Success(const std::optional<Json>& id, const Json& more) {
   return Reply(id, content);
 }
 
+// The stack has an end.
+constexpr int Most_Waiting = 50;
+
+class Nesting {
+ public:
+  explicit Nesting(int& depth) : depth_(depth) { ++depth_; }
+  ~Nesting() { --depth_; }
+  Nesting(const Nesting&) = delete;
+  Nesting& operator=(const Nesting&) = delete;
+
+ private:
+  int& depth_;
+};
+
 }  // namespace
 
 void HostRequests::Serve(const std::string& line) {
@@ -270,6 +263,10 @@ void HostRequests::Serve(const std::string& line) {
     const Json request = Parsed(line);
     id = Id(request);
     const Handler handler = Handler_Of(request);
+    const Nesting nesting(waiting_);
+    if (waiting_ > Most_Waiting && std::ranges::find(May_Wait, handler) != May_Wait.end()) {
+      throw RefusedRequest("too many requests wait inside each other");
+    }
     const Json more = handler(*this, request);
     if (handler == Run) {
       run_->id = id;

@@ -41,6 +41,7 @@ class HostRequests {
 
   PassTime pass_time_;
   std::optional<PendingRun> run_;
+  int waiting_ = 0;  // requests that are being carried out, one inside another
 };
 
 }  // namespace quillspeech::cli

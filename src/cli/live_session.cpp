@@ -45,11 +45,14 @@ EventLoop::Time Play_Into_Microphone(headless::SoundCard& card, const std::strin
   return moment + lasts;
 }
 
-LiveSession::LiveSession(const LiveOptions& options, MessageBoxes& boxes) {
+LiveSession::LiveSession(const LiveOptions& options, MessageBoxes& boxes, Dialogs& dialogs) {
   Make_Clock(options.clock);
   Make_Devices(options);
-  session = std::make_unique<Session>(All_Ports(boxes));
+  session = std::make_unique<Session>(All_Ports(boxes, dialogs));
 }
+
+LiveSession::LiveSession(const LiveOptions& options, MessageBoxes& boxes)
+    : LiveSession(options, boxes, no_dialogs_) {}
 
 LiveSession::~LiveSession() = default;
 
@@ -93,10 +96,10 @@ void LiveSession::Play_Clips(const std::vector<MicrophoneClip>& clips) {
   }
 }
 
-Ports LiveSession::All_Ports(MessageBoxes& boxes) {
+Ports LiveSession::All_Ports(MessageBoxes& boxes, Dialogs& dialogs) {
   telling_output_ = std::make_unique<TellingOutput>(Output(), At_Write);
-  return {*events_,         boxes,      host, *cues_, shell, riff_files_, Input(),
-          *telling_output_, data_files_};
+  return {*events_,         boxes,       host,    *cues_, shell, riff_files_, Input(),
+          *telling_output_, data_files_, dialogs, views};
 }
 
 }  // namespace quillspeech::cli

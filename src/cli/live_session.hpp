@@ -11,7 +11,9 @@
 #include <vector>
 
 #include "cli/backend.hpp"
+#include "platform/headless/dialogs.hpp"
 #include "platform/headless/event_loop.hpp"
+#include "platform/headless/form_view.hpp"
 #include "platform/headless/host_program.hpp"
 #include "platform/headless/shell.hpp"
 #include "platform/headless/sound_card.hpp"
@@ -44,8 +46,9 @@ EventLoop::Time Play_Into_Microphone(headless::SoundCard& card, const std::strin
 // Large: keep it on the heap.
 class LiveSession {
  public:
-  // The boxes outlive it. Throws FileError as above.
-  LiveSession(const LiveOptions& options, MessageBoxes& boxes);
+  // The boxes and dialogs outlive it. Throws FileError as above.
+  LiveSession(const LiveOptions& options, MessageBoxes& boxes, Dialogs& dialogs);
+  LiveSession(const LiveOptions& options, MessageBoxes& boxes);  // all dialogs are cancelled
   ~LiveSession();
   LiveSession(const LiveSession&) = delete;
   LiveSession& operator=(const LiveSession&) = delete;
@@ -64,6 +67,7 @@ class LiveSession {
 
   headless::HostProgram host;
   headless::Shell shell;
+  headless::FormViews views;
   // Told of each cue when set: the name and the flags 1, 9 or, without a name, 64.
   std::function<void(const std::string& name, int flags)> At_Cue;
   // Told, when set, of each sound that the output device has taken.
@@ -83,11 +87,12 @@ class LiveSession {
   std::unique_ptr<Cues> cues_;
   backend::RiffFiles riff_files_;
   backend::DataFileStore data_files_;
+  headless::Dialogs no_dialogs_;
 
   void Make_Clock(ClockKind kind);
   void Make_Devices(const LiveOptions& options);
   void Play_Clips(const std::vector<MicrophoneClip>& clips);
-  Ports All_Ports(MessageBoxes& boxes);
+  Ports All_Ports(MessageBoxes& boxes, Dialogs& dialogs);
 
  public:
   std::unique_ptr<Session> session;

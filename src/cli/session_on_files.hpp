@@ -2,7 +2,9 @@
 #pragma once
 
 #include "cli/backend.hpp"
+#include "platform/headless/dialogs.hpp"
 #include "platform/headless/event_loop.hpp"
+#include "platform/headless/form_view.hpp"
 #include "platform/headless/host_program.hpp"
 #include "platform/headless/message_boxes.hpp"
 #include "platform/headless/shell.hpp"
@@ -24,8 +26,10 @@ struct SessionOnFiles {
   headless::NoWaveInput wave_input;
   headless::WaveOutput wave_output;
   backend::DataFileStore data_files;
-  Session session{
-      Ports{events, boxes, host, cues, shell, riff_files, wave_input, wave_output, data_files}};
+  headless::Dialogs dialogs;
+  headless::FormViews views;
+  Session session{Ports{events, boxes, host, cues, shell, riff_files, wave_input, wave_output,
+                        data_files, dialogs, views}};
 };
 
 }  // namespace quillspeech::cli

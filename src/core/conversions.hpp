@@ -8,13 +8,7 @@
 //   a number   its decimal digits   as it is                         whether it is not 0
 //   Boolean    "True", "False"      -1, 0                            as it is
 //
-// A text spells a number so (signs of the English language, whatever the system's is):
-//   - blanks, tabs and line ends around it and beside its sign mean nothing;
-//   - + or - before or behind it, or round brackets around it for -;
-//   - digits, in front of the point with commas anywhere: "1,234.5"; one digit at least;
-//   - an exponent behind e, E, d or D: "12e3", "1.5D+2";
-//   - or &H and hexadecimal, &O and octal digits, without a sign: these are bits, and all bits of
-//     the width asked for may be set: "&HFFFF" is -1 in 16 bits and 65535 in 32.
+// How a text spells a number stands in base/spelled_number.hpp.
 // Fractions are rounded to the nearest, a half to the even neighbour.
 //
 // Failure 13: the text is no number. Failure 6: the number does not fit the type, or no double.

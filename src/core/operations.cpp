@@ -8,6 +8,8 @@
 #include "audio/echo.hpp"
 #include "audio/live_capture.hpp"
 #include "audio/wave_reader.hpp"
+#include "editors/language_editor.hpp"
+#include "presentation/help_windows.hpp"
 #include "recognition/adding.hpp"
 #include "recognition/engine_table.hpp"
 #include "session/failure_trap.hpp"
@@ -56,6 +58,8 @@ void Prepare_Session(Session& session) {
   operations.Close_Recorder = Close_Recorder;
   operations.Play_Echo = Play_Echo;
   operations.Add_Engine_String_To_Language = Add_Engine_String_To_Language;
+  Connect_Help_Windows(session);
+  Connect_Language_Editor(session);
   Connect_Timers(session);
   Load_Default_Engine_Table(session);
 }

@@ -17,6 +17,8 @@ Form::~Form() {
 
 void Form::Add(FormControl control) { controls_.push_back(std::move(control)); }
 
+void Form::Add_Menu(FormMenu menu) { menus_.push_back(std::move(menu)); }
+
 void Form::On(std::string_view control, FormEvent event, Handler handler) {
   handlers_[{std::string(control), event}] = std::move(handler);
 }
@@ -39,6 +41,35 @@ const FormControl& Form::operator[](std::string_view control) const {
 
 FormControl& Form::At(std::string_view control) {
   return const_cast<FormControl&>(std::as_const(*this)[control]);
+}
+
+const FormMenu* Form::Find_Menu(std::string_view menu) const {
+  const auto found = std::find_if(menus_.begin(), menus_.end(),
+                                  [&](const FormMenu& one) { return one.name == menu; });
+  return found == menus_.end() ? nullptr : &*found;
+}
+
+const FormMenu& Form::Menu(std::string_view menu) const {
+  const FormMenu* const found = Find_Menu(menu);
+  if (!found) Fail(Failure::Invalid_Call);
+  return *found;
+}
+
+FormMenu& Form::Menu_At(std::string_view menu) { return const_cast<FormMenu&>(Menu(menu)); }
+
+std::int32_t Form::Item_Data(std::string_view control, int index) const {
+  const FormControl& list = (*this)[control];
+  if (index < 0 || index >= static_cast<int>(list.item_data.size())) Fail(Failure::Invalid_Call);
+  return list.item_data[static_cast<std::size_t>(index)];
+}
+
+bool Form::Menu_Takes_Action(std::string_view menu) const {
+  const FormMenu* one = &Menu(menu);
+  while (enabled_ && one->enabled && one->visible) {
+    if (one->parent.empty()) return true;
+    one = &Menu(one->parent);
+  }
+  return false;
 }
 
 bool Form::Takes_Action(std::string_view control) const {
@@ -76,6 +107,21 @@ bool Form::Raise_Key(std::string_view control, unsigned char key) {
 bool Form::Click(std::string_view control) {
   if (!Takes_Action(control)) return false;
   Raise(control, FormEvent::Click);
+  return true;
+}
+
+bool Form::Double_Click(std::string_view control) {
+  if (!Takes_Action(control)) return false;
+  Raise(control, FormEvent::DoubleClick);
+  return true;
+}
+
+bool Form::Choose_Menu(std::string_view menu) {
+  const bool is_entry = !Menu(menu).Is_Separator() &&
+                        std::none_of(menus_.begin(), menus_.end(),
+                                     [&](const FormMenu& one) { return one.parent == menu; });
+  if (!is_entry || !Menu_Takes_Action(menu)) return false;
+  Raise(menu, FormEvent::Click);
   return true;
 }
 

@@ -1,6 +1,6 @@
-// A window as a model: controls with names and texts, and handlers called by control and event
-// ("Command1_Click"). It knows no toolkit. A view shows it and turns a person's actions into the
-// same calls that a test makes.
+// A window as a model: controls with names and texts, menus, and handlers called by control and
+// event ("Command1_Click"). It knows no toolkit. A view shows it and turns a person's actions into
+// the same calls that a test makes.
 #pragma once
 
 #include <cstdint>
@@ -14,87 +14,9 @@
 #include <utility>
 #include <vector>
 
+#include "platform/form_control.hpp"
+
 namespace quillspeech {
-
-// All places and sizes are in twips: 1,440 to the inch, 15 to a pixel at 96 dpi.
-inline constexpr int Twips_Per_Inch = 1440;
-
-// Rounded to the nearest pixel. Edges are to be converted, not widths, so that neighbours meet.
-constexpr int Twips_To_Pixels(int twips, int dpi) {
-  const int product = twips * dpi * 2 + (twips < 0 ? -Twips_Per_Inch : Twips_Per_Inch);
-  return product / (2 * Twips_Per_Inch);
-}
-
-struct FormSize {
-  int width = 0;
-  int height = 0;
-  bool operator==(const FormSize&) const = default;
-};
-
-struct FormPlace {
-  int left = 0;
-  int top = 0;
-  int width = 0;
-  int height = 0;
-  bool operator==(const FormPlace&) const = default;
-};
-
-struct FormFont {
-  std::string name = "MS Sans Serif";
-  double points = 8;
-  bool bold = false;
-  bool operator==(const FormFont&) const = default;
-};
-
-using FormColour = std::uint32_t;  // 0x00BBGGRR
-
-enum class FormControlKind { Frame, Label, TextBox, Button, ComboBox, ListBox, Picture, Image };
-enum class FormAlignment { Left, Centre, Right };
-
-// One control. A form's controls are read here and changed through the form. Texts are in
-// Windows-1252. In the captions of frames, labels and buttons & marks the letter to press with Alt.
-struct FormControl {
-  std::string name;
-  FormControlKind kind = FormControlKind::Label;
-  FormPlace place;     // relative to the parent
-  std::string parent;  // the frame that holds it, made before it; empty: the form
-  std::string text;    // caption, or what an edit field holds
-  std::string tip;
-  FormFont font;
-  std::optional<FormColour> text_colour;  // nothing: the system's
-  std::optional<FormColour> back_colour;
-  bool enabled = true;
-  bool visible = true;
-  FormAlignment alignment = FormAlignment::Left;  // of labels and text boxes
-  bool read_only = false;                         // text boxes
-  bool multi_line = false;                        // text boxes; labels that wrap
-  bool scroll = false;                            // text boxes of many lines: a bar to scroll by
-  std::vector<std::string> items;                 // combo and list boxes
-  int index = -1;                                 // the chosen item, from 0; -1: none
-};
-
-enum class FormEvent {
-  Load,      // the form, before it shows for the first time
-  Unload,    // the form, while it still stands
-  Click,     // also an item that is chosen
-  Change,    // a person has changed the text
-  KeyPress,  // a key that makes a character; 13 is Enter, 27 Escape
-};
-
-// What of a control or of the form itself has changed.
-enum class FormChange {
-  Text,
-  Tip,
-  Font,
-  Colours,
-  Enabled,
-  Visible,
-  Place,
-  ReadOnly,
-  Items,
-  Index,
-  Focus,  // that control is to have it
-};
 
 // What shows a form.
 class FormView {
@@ -102,16 +24,17 @@ class FormView {
   virtual ~FormView() = default;
 
   virtual void Control_Changed(const FormControl& control, FormChange change) = 0;
-  virtual void Form_Changed(FormChange change) = 0;  // caption (Text), Enabled, Place (its size)
+  // Caption (Text), Enabled or Visible.
+  virtual void Menu_Changed(const FormMenu& menu, FormChange change) = 0;
+  // Caption (Text), Enabled, Place (its size) or its ground (Drawing).
+  virtual void Form_Changed(FormChange change) = 0;
   // The form is unloaded, or the model goes; the view lets go of it and ends.
   virtual void Form_Gone() = 0;
 };
 
-inline constexpr unsigned char Key_Enter = 13;
-inline constexpr unsigned char Key_Escape = 27;
-
-// Calls that name a control that the form has not are failure 5. Whatever calls a handler is safe
-// when the handler unloads or destroys the form. Failures of handlers go out to the caller.
+// Calls that name a control or a menu entry that the form has not are failure 5. Whatever calls a
+// handler is safe when the handler unloads or destroys the form. Failures of handlers go out to the
+// caller.
 class Form {
  public:
   using Handler = std::function<void()>;
@@ -125,8 +48,10 @@ class Form {
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
 
-  // Making it. Controls are added in tab order, a frame before what it holds.
+  // Making it. Controls are added in tab order, a frame before what it holds; menus as they stand,
+  // each before its entries. A menu entry has a handler of Click as a control has.
   void Add(FormControl control);
+  void Add_Menu(FormMenu menu);
   void On(std::string_view control, FormEvent event, Handler handler);
   void On_Key_Press(std::string_view control, KeyHandler handler);
   void Set_Default_Button(std::string_view button) { default_button_ = button; }  // Enter
@@ -139,20 +64,28 @@ class Form {
   FormSize Size() const { return size_; }
   bool Is_Enabled() const { return enabled_; }
   std::optional<FormColour> Back_Colour() const { return back_colour_; }
+  const FormDrawing& Ground() const { return ground_; }  // what lies below the controls
   std::span<const FormControl> Controls() const { return controls_; }
   const FormControl* Find(std::string_view control) const;  // null: there is none
   const FormControl& operator[](std::string_view control) const;
+  std::span<const FormMenu> Menus() const { return menus_; }
+  const FormMenu* Find_Menu(std::string_view menu) const;  // null: there is none
+  const FormMenu& Menu(std::string_view menu) const;
   const std::string& Default_Button() const { return default_button_; }
   const std::string& Cancel_Button() const { return cancel_button_; }
   const std::string& Focused() const { return focused_; }  // empty: none
+  // The number that the program has given to that item; failure 5 when there is no such item.
+  std::int32_t Item_Data(std::string_view control, int index) const;
   // Whether a person can act on it: it and what holds it are enabled and visible.
   bool Takes_Action(std::string_view control) const;
+  bool Menu_Takes_Action(std::string_view menu) const;
   bool Has_Handler(std::string_view control, FormEvent event) const;
 
   // Changing it. The view is told of what did change; no handler runs.
   void Set_Caption(std::string_view caption);
   void Set_Size(FormSize size);
   void Set_Enabled(bool enabled);
+  void Set_Ground(FormDrawing ground);
   void Set_Text(std::string_view control, std::string_view text);
   void Set_Tip(std::string_view control, std::string_view tip);
   void Set_Font(std::string_view control, const FormFont& font);
@@ -162,14 +95,25 @@ class Form {
   void Set_Visible(std::string_view control, bool visible);
   void Set_Place(std::string_view control, const FormPlace& place);
   void Set_Read_Only(std::string_view control, bool read_only);
-  void Add_Item(std::string_view control, std::string_view item);
+  void Add_Item(std::string_view control, std::string_view item, std::int32_t data = 0);
   void Clear_Items(std::string_view control);  // nothing is chosen then; an edit part is emptied
   void Set_Index(std::string_view control, int index);  // a combo box shows the item as its text
   void Set_Focus(std::string_view control);
+  void Set_Menu_Caption(std::string_view menu, std::string_view caption);
+  void Set_Menu_Enabled(std::string_view menu, bool enabled);
+  void Set_Menu_Visible(std::string_view menu, bool visible);
+
+  // Drawing on a picture, an image or a button.
+  void Set_Drawing(std::string_view control, FormDrawing drawing);
+  void Set_Scale(std::string_view control, const DrawingScale& scale);
+  void Draw(std::string_view control, DrawingOperation operation);
+  void Clear_Drawing(std::string_view control);  // the scale stays
 
   // A person's actions, which views and tests make. False: nothing there takes it.
   bool Click(std::string_view control);
+  bool Double_Click(std::string_view control);  // its second click: the first was a Click
   bool Click_Form();
+  bool Choose_Menu(std::string_view menu);  // an entry, no separator and no menu that holds others
   bool Type(std::string_view control, std::string_view text);  // the text as it is afterwards
   bool Select(std::string_view control, int index);
   // The form's own handler sees every key first. Then Enter clicks the button that has the focus or
@@ -177,6 +121,7 @@ class Form {
   bool Press_Key(std::string_view control, unsigned char key);
   bool Press_Key(unsigned char key);  // on the control that has the focus, or on none
   // Alt and a letter or digit: clicks a button; a label or frame hands the focus on to the next.
+  // The letters of menus are the view's affair.
   bool Press_Mnemonic(char letter);
   bool Move_Focus(std::string_view control);  // by mouse or Tab
   bool Close();                               // by the window's cross
@@ -196,9 +141,13 @@ class Form {
   using HandlerName = std::pair<std::string, FormEvent>;
 
   FormControl& At(std::string_view control);
+  FormMenu& Menu_At(std::string_view menu);
   template <class Value>
   void Change(std::string_view control, Value FormControl::*part, const Value& value,
               FormChange change);
+  template <class Value>
+  void Change_Menu(std::string_view menu, Value FormMenu::*part, const Value& value,
+                   FormChange change);
   bool Raise(std::string_view control, FormEvent event);
   bool Raise_Key(std::string_view control, unsigned char key);
   bool Press_Button_For(std::string_view control, unsigned char key);
@@ -209,19 +158,16 @@ class Form {
   bool enabled_ = true;
   bool loaded_ = false;
   std::optional<FormColour> back_colour_;
+  FormDrawing ground_;
   std::string default_button_;
   std::string cancel_button_;
   std::string focused_;
   std::vector<FormControl> controls_;
+  std::vector<FormMenu> menus_;
   std::map<HandlerName, Handler> handlers_;
   std::map<std::string, KeyHandler, std::less<>> key_handlers_;
   FormView* view_ = nullptr;
   std::shared_ptr<const void> life_ = std::make_shared<int>(0);
 };
-
-// The letter behind the single & of a caption, in lower case; nothing when there is none.
-std::optional<char> Mnemonic_Of(std::string_view caption);
-// A kind that can have the focus.
-bool Takes_Focus(FormControlKind kind);
 
 }  // namespace quillspeech

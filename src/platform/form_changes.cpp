@@ -15,6 +15,15 @@ void Form::Change(std::string_view control, Value FormControl::*part, const Valu
   if (view_) view_->Control_Changed(one, change);
 }
 
+template <class Value>
+void Form::Change_Menu(std::string_view menu, Value FormMenu::*part, const Value& value,
+                       FormChange change) {
+  FormMenu& one = Menu_At(menu);
+  if (one.*part == value) return;
+  one.*part = value;
+  if (view_) view_->Menu_Changed(one, change);
+}
+
 void Form::Set_Caption(std::string_view caption) {
   if (caption_ == caption) return;
   caption_ = caption;
@@ -31,6 +40,12 @@ void Form::Set_Enabled(bool enabled) {
   if (enabled_ == enabled) return;
   enabled_ = enabled;
   if (view_) view_->Form_Changed(FormChange::Enabled);
+}
+
+void Form::Set_Ground(FormDrawing ground) {
+  if (ground_ == ground) return;
+  ground_ = std::move(ground);
+  if (view_) view_->Form_Changed(FormChange::Drawing);
 }
 
 void Form::Set_Text(std::string_view control, std::string_view text) {
@@ -69,15 +84,17 @@ void Form::Set_Read_Only(std::string_view control, bool read_only) {
   Change(control, &FormControl::read_only, read_only, FormChange::ReadOnly);
 }
 
-void Form::Add_Item(std::string_view control, std::string_view item) {
+void Form::Add_Item(std::string_view control, std::string_view item, std::int32_t data) {
   FormControl& list = At(control);
   list.items.emplace_back(item);
+  list.item_data.push_back(data);
   if (view_) view_->Control_Changed(list, FormChange::Items);
 }
 
 void Form::Clear_Items(std::string_view control) {
   FormControl& list = At(control);
   list.items.clear();
+  list.item_data.clear();
   list.index = -1;
   list.text.clear();
   if (view_) view_->Control_Changed(list, FormChange::Items);
@@ -99,6 +116,42 @@ void Form::Set_Focus(std::string_view control) {
   if (!Takes_Focus(one.kind) || !Takes_Action(control)) Fail(Failure::Invalid_Call);
   focused_ = one.name;
   if (view_) view_->Control_Changed(one, FormChange::Focus);
+}
+
+void Form::Set_Menu_Caption(std::string_view menu, std::string_view caption) {
+  Change_Menu(menu, &FormMenu::caption, std::string(caption), FormChange::Text);
+}
+
+void Form::Set_Menu_Enabled(std::string_view menu, bool enabled) {
+  Change_Menu(menu, &FormMenu::enabled, enabled, FormChange::Enabled);
+}
+
+void Form::Set_Menu_Visible(std::string_view menu, bool visible) {
+  Change_Menu(menu, &FormMenu::visible, visible, FormChange::Visible);
+}
+
+void Form::Set_Drawing(std::string_view control, FormDrawing drawing) {
+  Change(control, &FormControl::drawing, drawing, FormChange::Drawing);
+}
+
+void Form::Set_Scale(std::string_view control, const DrawingScale& scale) {
+  FormControl& surface = At(control);
+  if (surface.drawing.scale == scale) return;
+  surface.drawing.scale = scale;
+  if (view_) view_->Control_Changed(surface, FormChange::Drawing);
+}
+
+void Form::Draw(std::string_view control, DrawingOperation operation) {
+  FormControl& surface = At(control);
+  surface.drawing.operations.push_back(std::move(operation));
+  if (view_) view_->Control_Changed(surface, FormChange::Drawing);
+}
+
+void Form::Clear_Drawing(std::string_view control) {
+  FormControl& surface = At(control);
+  if (surface.drawing.operations.empty()) return;
+  surface.drawing.operations.clear();
+  if (view_) view_->Control_Changed(surface, FormChange::Drawing);
 }
 
 }  // namespace quillspeech

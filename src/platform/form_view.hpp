@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "platform/form.hpp"
 
@@ -28,8 +30,8 @@ class FormViews {
   virtual ~FormViews() = default;
 
   // Loads the form and shows it; one that shows already comes to the front. A modal show returns
-  // when the form is hidden, unloaded or destroyed, and runs the event loop meanwhile. A child
-  // becomes visible where it lies.
+  // when the form is hidden, unloaded or destroyed, and runs the event loop meanwhile; for a form
+  // that is modal already it returns at once. A child becomes visible where it lies.
   virtual void Show(Form& form, Modality modality) = 0;
   virtual void Hide(Form& form) = 0;  // it stays loaded
   static void Unload(Form& form) { form.Unload(); }
@@ -44,7 +46,8 @@ class FormViews {
   virtual std::intptr_t Window_Of(const Form& form) const = 0;
   virtual bool Is_Shown(const Form& form) const = 0;
   virtual void Repaint(Form& form) = 0;
-  virtual int Dots_Per_Inch() const = 0;  // of the screen that it shows forms on
+  virtual int Dots_Per_Inch() const = 0;                    // of the screen that it shows forms on
+  virtual std::vector<std::string> Font_Names() const = 0;  // of that screen, in order
 };
 
 }  // namespace quillspeech

@@ -37,11 +37,14 @@ struct Operations {
   Procedure Show_Splash = Nothing;  // modally: the chooser of the editors
   Procedure Show_Help = Nothing;    // modally
   Procedure Unload_Help = Nothing;
+  Procedure Show_ComingSplash = Nothing;  // modally: the notice of upgrades to come
 
   // editors
   Procedure Load_Database = Nothing;  // the Language Editor's window, not yet shown
   std::function<void(Session&, bool)> Show_Database = [](Session&, bool) {};  // true: modally
   Procedure Unload_Database = Nothing;
+  // the Vocabulary and Engine Editor; true: modally
+  std::function<void(Session&, bool)> Show_DatabaseVE = [](Session&, bool) {};
 
   // hosts: a WAV file has just been read into the store; its analysis follows, and is not yet
   // marked as under way

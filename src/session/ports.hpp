@@ -2,7 +2,9 @@
 #pragma once
 
 #include "platform/data_file.hpp"
+#include "platform/dialogs.hpp"
 #include "platform/event_loop.hpp"
+#include "platform/form_view.hpp"
 #include "platform/host_program.hpp"
 #include "platform/message_boxes.hpp"
 #include "platform/riff_file.hpp"
@@ -23,6 +25,8 @@ struct Ports {
   WaveInput& wave_input;
   WaveOutput& wave_output;
   DataFileStore& data_files;
+  Dialogs& dialogs;
+  FormViews& views;
 };
 
 }  // namespace quillspeech

@@ -69,4 +69,16 @@ BoxAnswer Show_Box(Session& session, std::string_view text, std::string_view tit
   return session.ports.boxes.Show({std::string(title), std::string(text), buttons, icon});
 }
 
+std::string Ask_Text(Session& session, std::string_view prompt, std::string_view title,
+                     std::string_view text) {
+  return session.ports.dialogs.Ask_Text(
+      {std::string(title), std::string(prompt), std::string(text)});
+}
+
+std::string Ask_File(Session& session, std::string_view title, std::string_view pattern,
+                     std::string_view name) {
+  return session.ports.dialogs.Ask_File(
+      {std::string(title), std::string(pattern), std::string(name)});
+}
+
 }  // namespace quillspeech

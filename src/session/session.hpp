@@ -1,6 +1,7 @@
 // The record of everything that the stages share. One for each run; no stage keeps state elsewhere.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "platform/message_boxes.hpp"
@@ -55,5 +56,11 @@ std::int16_t Is_Design_Environment(Session& session);
 // Shows a message box of the session's platform.
 BoxAnswer Show_Box(Session& session, std::string_view text, std::string_view title,
                    BoxIcon icon = BoxIcon::None, BoxButtons buttons = BoxButtons::OK);
+
+// Asks by an input box or the file dialog of the session's platform; empty when cancelled.
+std::string Ask_Text(Session& session, std::string_view prompt, std::string_view title,
+                     std::string_view text = {});
+std::string Ask_File(Session& session, std::string_view title, std::string_view pattern,
+                     std::string_view name = {});
 
 }  // namespace quillspeech

@@ -27,8 +27,8 @@ class BoxesOverOpenFiles final : public MessageBoxes {
 
 TEST_F(WaveReader, The_box_is_shown_first_and_then_the_file_is_closed) {
   BoxesOverOpenFiles watching(riff_files);
-  Session watched{
-      Ports{events, watching, host, cues, shell, riff_files, wave_input, wave_output, data_files}};
+  Session watched{Ports{events, watching, host, cues, shell, riff_files, wave_input, wave_output,
+                        data_files, dialogs, views}};
   const std::vector<FileBytes> corrupt = {
       {},
       Wave().Without_Format(),

@@ -13,11 +13,18 @@ using Lines = std::vector<std::string>;
 
 class HostTest : public CommandTest {
  protected:
-  // Feeds the lines to a host and gives what it tells.
+  // Feeds the lines to a host and gives what it tells. The window with which a new control greets
+  // is closed at once.
   const std::vector<Json>& Host(const Lines& requests, const Lines& options = {}) {
+    return Host_Input(Input_Of(requests), options);
+  }
+  static std::string Input_Of(const Lines& requests) {
     std::string input;
-    for (const std::string& request : requests) input += request + "\n";
-    return Host_Input(input, options);
+    for (const std::string& request : requests) {
+      input += request + "\n";
+      if (request.find(R"("do":"new")") != std::string::npos) input += Close_Help + "\n";
+    }
+    return input;
   }
   const std::vector<Json>& Host_Input(const std::string& input, const Lines& options = {}) {
     Lines arguments = {"host"};
@@ -69,6 +76,8 @@ class HostTest : public CommandTest {
     };
     return static_cast<std::size_t>(std::ranges::find_if(told, holds) - told.begin());
   }
+
+  inline static const std::string Close_Help = R"({"do":"close","on":"Help"})";
 
   std::vector<Json> told;
   int status = -1;

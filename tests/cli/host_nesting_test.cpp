@@ -87,7 +87,7 @@ TEST_F(HostNesting, The_end_of_the_input_ends_a_control_at_every_stage) {
 TEST_F(HostNesting, The_end_of_the_input_is_a_termination_without_a_reply) {
   Host({R"({"do":"new"})", start, R"({"id":1,"do":"run","ms":500})"});
   EXPECT_EQ(told.back().dump(), R"({"sound":{"name":"","flags":64}})");
-  EXPECT_EQ(std::ranges::count_if(told, [](const Json& line) { return line.contains("ok"); }), 3);
+  EXPECT_EQ(std::ranges::count_if(told, [](const Json& line) { return line.contains("ok"); }), 4);
 }
 
 TEST_F(HostNesting, A_failing_card_keeps_no_request_from_being_served) {

@@ -14,7 +14,8 @@ class HostNotifications : public HostTest {
   Lines File_Run(const std::string& wave, const Lines& settings) const {
     Lines lines = {R"({"do":"new"})",
                    R"({"do":"let","member":"Open_this_Wave_File","value":)" + Quoted(wave) + "}",
-                   Let("Consider_this_Lang_File_to_match", Quoted(language))};
+                   Let("Consider_this_Lang_File_to_match", Quoted(language)),
+                   Let("Consider_this_Lang_File_to_Add", Quoted(language))};
     lines.insert(lines.end(), settings.begin(), settings.end());
     lines.emplace_back(R"({"do":"call","member":"Open_Specified_Wave_File_And_Process"})");
     return lines;

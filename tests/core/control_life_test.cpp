@@ -192,8 +192,8 @@ TEST_F(ControlLife, A_let_stores_and_answers_although_the_box_it_shows_ends_the_
   } ending;
   TestSession ground;
   Session shared{Ports{ground.events, ending, ground.host, ground.cues, ground.shell,
-                       ground.riff_files, ground.wave_input, ground.wave_output,
-                       ground.data_files}};
+                       ground.riff_files, ground.wave_input, ground.wave_output, ground.data_files,
+                       ground.dialogs, ground.views}};
   NotingContainer container;
   ending.control = Control::Make(shared, container);
   const std::weak_ptr<Control> watched = ending.control;

@@ -123,8 +123,8 @@ struct TimerOrder {
   TestSession ground;
   NotingLoop loop;
   Session session{Ports{loop, ground.boxes, ground.host, ground.cues, ground.shell,
-                        ground.riff_files, ground.wave_input, ground.wave_output,
-                        ground.data_files}};
+                        ground.riff_files, ground.wave_input, ground.wave_output, ground.data_files,
+                        ground.dialogs, ground.views}};
   NotingContainer host_program;
   std::shared_ptr<Control> control = Control::Make(session, host_program);
 };

@@ -78,8 +78,8 @@ TEST(SamplingTimeBox, The_clamped_time_is_stored_while_its_box_is_still_open) {
   } boxes;
   TestSession ground;
   Session session{Ports{ground.events, boxes, ground.host, ground.cues, ground.shell,
-                        ground.riff_files, ground.wave_input, ground.wave_output,
-                        ground.data_files}};
+                        ground.riff_files, ground.wave_input, ground.wave_output, ground.data_files,
+                        ground.dialogs, ground.views}};
   boxes.session = &session;
   for (const auto* time : {"3999", "60001"}) {
     Set_Setting(session, "Speech_sampling_time_in_ms", time);

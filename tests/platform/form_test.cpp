@@ -286,6 +286,9 @@ struct NotingView final : FormView {
   void Control_Changed(const FormControl& control, FormChange change) override {
     told.emplace_back(control.name, change);
   }
+  void Menu_Changed(const FormMenu& menu, FormChange change) override {
+    told.emplace_back(menu.name, change);
+  }
   void Form_Changed(FormChange change) override { told.emplace_back("Form", change); }
   void Form_Gone() override { ++gone; }
 
@@ -333,6 +336,29 @@ TEST_F(FormViewing, The_view_is_told_of_each_change) {
                              {"Form", FormChange::Text},
                              {"Form", FormChange::Place},
                              {"Form", FormChange::Enabled}}));
+}
+
+TEST_F(FormViewing, The_view_is_told_of_menus_and_drawings) {
+  form->Add_Menu({"mnuOpen", "&Open", ""});
+  form->Set_Menu_Caption("mnuOpen", "Open");
+  form->Set_Menu_Enabled("mnuOpen", false);
+  form->Set_Menu_Visible("mnuOpen", false);
+  form->Draw("Command1", Drawn_Line({0, 0}, {1, 1}, 0U));
+  form->Set_Scale("Command1", {0, 0, 2, 2});
+  form->Clear_Drawing("Command1");
+  form->Set_Ground({{0, 0, 2, 2}, {}});
+  EXPECT_EQ(view.told, (Told{{"mnuOpen", FormChange::Text},
+                             {"mnuOpen", FormChange::Enabled},
+                             {"mnuOpen", FormChange::Visible},
+                             {"Command1", FormChange::Drawing},
+                             {"Command1", FormChange::Drawing},
+                             {"Command1", FormChange::Drawing},
+                             {"Form", FormChange::Drawing}}));
+  form->Set_Menu_Visible("mnuOpen", false);
+  form->Clear_Drawing("Command1");
+  form->Set_Scale("Command1", {0, 0, 2, 2});
+  form->Set_Ground({{0, 0, 2, 2}, {}});
+  EXPECT_EQ(view.told.size(), 7U);
 }
 
 TEST_F(FormViewing, The_view_hears_nothing_of_a_value_that_stands_already) {

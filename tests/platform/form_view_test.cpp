@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/platform/form_fixture.hpp"
+#include "tests/support/failures.hpp"
 
 namespace quillspeech::tests {
 namespace {
@@ -63,6 +64,73 @@ TEST_F(HeadlessForms, A_modal_form_may_be_destroyed) {
   views.Show(*form, Modality::Modal);
   EXPECT_EQ(heard, Heard{"Form_Load"});
   EXPECT_TRUE(views.On_Show().empty());
+}
+
+TEST_F(HeadlessForms, A_form_that_is_modal_already_comes_to_the_front_and_is_not_waited_for_twice) {
+  views.actions = {[this](Form& shown) {
+                     views.Show(other, Modality::None);
+                     views.Show(shown, Modality::Modal);
+                     EXPECT_EQ(views.On_Show(), (std::vector<Form*>{&other, form.get()}));
+                     heard.emplace_back("still open");
+                   },
+                   [](Form& shown) { shown.Close(); }};
+  views.Show(*form, Modality::Modal);
+  EXPECT_EQ(heard, (Heard{"Form_Load", "still open", "Form_Unload"}));
+}
+
+TEST_F(HeadlessForms, A_failure_while_a_modal_form_shows_hides_it_and_goes_out) {
+  views.actions = {[](Form&) { Fail(Failure::Overflow); }};
+  EXPECT_EQ(Failure_Of([this] { views.Show(*form, Modality::Modal); }), 6);
+  EXPECT_FALSE(views.Is_Shown(*form));
+  EXPECT_TRUE(form->Is_Loaded());
+}
+
+TEST_F(HeadlessForms, A_modal_form_keeps_people_from_what_lies_behind_it) {
+  views.Show(other, Modality::None);
+  EXPECT_EQ(views.Blocker_Of(), nullptr);
+  views.actions = {[this](Form& shown) {
+    EXPECT_EQ(views.Blocker_Of(&other), &shown);
+    EXPECT_EQ(views.Blocker_Of(), &shown);
+    EXPECT_EQ(views.Blocker_Of(&shown), nullptr);
+    Form third("Form3", "", {1, 1});
+    views.Show(third, Modality::None);
+    EXPECT_EQ(views.Blocker_Of(&third), nullptr);
+  }};
+  views.Show(*form, Modality::Modal);
+  EXPECT_EQ(views.Blocker_Of(&other), nullptr);
+}
+
+TEST_F(HeadlessForms, A_modal_show_is_over_once_its_form_has_gone) {
+  EXPECT_FALSE(views.Is_Modal_Show_Over());
+  views.actions = {[this](Form& shown) {
+    EXPECT_FALSE(views.Is_Modal_Show_Over());
+    views.Hide(shown);
+    EXPECT_TRUE(views.Is_Modal_Show_Over());
+  }};
+  views.Show(*form, Modality::Modal);
+  EXPECT_FALSE(views.Is_Modal_Show_Over());
+}
+
+TEST_F(HeadlessForms, What_comes_on_show_and_goes_is_told) {
+  Heard told;
+  views.At_Showing = [&](const Form& one, bool is_shown, Modality modality) {
+    told.push_back(one.Name() + (is_shown ? " shown" : " gone") +
+                   (modality == Modality::Modal ? " modal" : ""));
+  };
+  views.Show(other, Modality::None);
+  views.Show(other, Modality::None);
+  views.Show(*form, Modality::Modal);
+  views.Hide(other);
+  views.Hide(other);
+  EXPECT_EQ(told, (Heard{"Form2 shown", "Form1 shown modal", "Form1 gone modal", "Form2 gone"}));
+  views.Show(*form, Modality::None);
+  form.reset();
+  EXPECT_EQ(told.back(), "Form1 gone");
+}
+
+TEST_F(HeadlessForms, There_is_a_list_of_fonts) {
+  views.fonts = {"One", "Two"};
+  EXPECT_EQ(views.Font_Names(), Heard({"One", "Two"}));
 }
 
 TEST_F(HeadlessForms, A_form_that_its_Load_unloads_is_not_shown) {

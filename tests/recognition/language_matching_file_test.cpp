@@ -204,7 +204,7 @@ TEST_F(LanguageMatching, What_others_write_into_the_last_record_during_a_scan_is
     records.back() = Record().Word("new").Pattern("  s");
     SharedFiles files(test.data_files, c.reads, [&] { Put(records); });
     Session other(Ports{test.events, test.boxes, test.host, test.cues, test.shell, test.riff_files,
-                        test.wave_input, test.wave_output, files});
+                        test.wave_input, test.wave_output, files, test.dialogs, test.views});
     other.settings.Consider_this_Lang_File_to_match = "a.SAY";
     other.filter.Current_Voice_Word = "s";
     Match_Language(other);
@@ -248,7 +248,7 @@ TEST_F(LanguageMatching, A_file_of_32767_records_is_scanned_and_one_of_more_is_a
     LongFiles files;
     files.records = c.records;
     Session other(Ports{test.events, test.boxes, test.host, test.cues, test.shell, test.riff_files,
-                        test.wave_input, test.wave_output, files});
+                        test.wave_input, test.wave_output, files, test.dialogs, test.views});
     Match_Language(other);
     EXPECT_EQ(other.trace.failures, c.failures);
     EXPECT_EQ(other.data.Main_Record_Count, c.records);

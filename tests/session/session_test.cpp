@@ -125,7 +125,8 @@ TEST(DesignEnvironment, A_failure_while_asking_leaves_the_answer_false) {
   TestSession test;
   Ports ports = test.session.ports;
   Session session(Ports{ports.events, ports.boxes, host, ports.cues, ports.shell, ports.riff_files,
-                        ports.wave_input, ports.wave_output, ports.data_files});
+                        ports.wave_input, ports.wave_output, ports.data_files, ports.dialogs,
+                        ports.views});
   EXPECT_EQ(Is_Design_Environment(session), 0);
   EXPECT_NE(session.flags.Design_Environment_Tested, 0);
 }
@@ -318,6 +319,21 @@ TEST(Session, A_box_carries_its_text_title_icon_and_buttons) {
   EXPECT_EQ(test.boxes.shown[0].box.title, "title");
   EXPECT_EQ(test.boxes.shown[0].box.icon, BoxIcon::Stop);
   EXPECT_EQ(test.boxes.shown[0].box.buttons, BoxButtons::YesNo);
+}
+
+TEST(SessionDialogs, A_text_and_a_file_are_asked_for_on_the_platform) {
+  TestSession test;
+  test.dialogs.texts = {"seven"};
+  test.dialogs.files = {"b.SAY"};
+  EXPECT_EQ(Ask_Text(test.session, "Which number?", "Find:", "6"), "seven");
+  EXPECT_EQ(Ask_File(test.session, "Open", "*.SAY", "a.SAY"), "b.SAY");
+  EXPECT_EQ(Ask_Text(test.session, "Which number?", "Find:"), "");
+  EXPECT_EQ(test.dialogs.shown_boxes.at(0).title, "Find:");
+  EXPECT_EQ(test.dialogs.shown_boxes.at(0).prompt, "Which number?");
+  EXPECT_EQ(test.dialogs.shown_boxes.at(0).text, "6");
+  EXPECT_EQ(test.dialogs.shown_dialogs.at(0).title, "Open");
+  EXPECT_EQ(test.dialogs.shown_dialogs.at(0).pattern, "*.SAY");
+  EXPECT_EQ(test.dialogs.shown_dialogs.at(0).name, "a.SAY");
 }
 
 }  // namespace

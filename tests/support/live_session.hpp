@@ -11,7 +11,9 @@
 #include "audio/echo.hpp"
 #include "audio/live_capture.hpp"
 #include "platform/headless/data_file.hpp"
+#include "platform/headless/dialogs.hpp"
 #include "platform/headless/event_loop.hpp"
+#include "platform/headless/form_view.hpp"
 #include "platform/headless/host_program.hpp"
 #include "platform/headless/message_boxes.hpp"
 #include "platform/headless/riff_file.hpp"
@@ -37,8 +39,10 @@ struct LiveGround {
   headless::Shell shell;
   headless::RiffFiles riff_files;
   headless::DataFileStore data_files;
-  Session session{
-      Ports{events, boxes, host, cues, shell, riff_files, card.Input(), card.Output(), data_files}};
+  headless::Dialogs dialogs;
+  headless::FormViews views;
+  Session session{Ports{events, boxes, host, cues, shell, riff_files, card.Input(), card.Output(),
+                        data_files, dialogs, views}};
 
   LiveGround() {
     session.settings.Enable_Artificial_Intelligence = "NO";

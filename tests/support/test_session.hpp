@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "platform/headless/data_file.hpp"
+#include "platform/headless/dialogs.hpp"
 #include "platform/headless/event_loop.hpp"
+#include "platform/headless/form_view.hpp"
 #include "platform/headless/host_program.hpp"
 #include "platform/headless/message_boxes.hpp"
 #include "platform/headless/riff_file.hpp"
@@ -30,8 +32,10 @@ struct TestSession {
   headless::NoWaveInput wave_input;
   headless::WaveOutput wave_output;
   headless::DataFileStore data_files;
-  Session session{
-      Ports{events, boxes, host, cues, shell, riff_files, wave_input, wave_output, data_files}};
+  headless::Dialogs dialogs;
+  headless::FormViews views;
+  Session session{Ports{events, boxes, host, cues, shell, riff_files, wave_input, wave_output,
+                        data_files, dialogs, views}};
 };
 
 }  // namespace quillspeech::tests

@@ -1,6 +1,7 @@
 #include "platform/headless/form_view.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace quillspeech::headless {
 
@@ -10,8 +11,12 @@ class FormViews::View final : public FormView {
       : form(shown_form), window(handle), views_(all) {}
 
   void Control_Changed(const FormControl&, FormChange) override {}
+  void Menu_Changed(const FormMenu&, FormChange) override {}
   void Form_Changed(FormChange) override {}
-  void Form_Gone() override { views_.views_.erase(&form); }  // and this with it
+  void Form_Gone() override {
+    views_.Go_From_Show(*this);
+    views_.views_.erase(&form);  // and this with it
+  }
 
   Form& form;
   std::intptr_t window;
@@ -51,10 +56,21 @@ void FormViews::Show(Form& form, Modality modality) {
   form.Load();
   if (life.expired() || !form.Is_Loaded()) return;
   View& view = View_Of(form);
+  const bool is_modal_already = view.showing > 0 && view.modality == Modality::Modal;
+  shown.push_back({form.Name(), modality});
+  Come_On_Show(view, is_modal_already ? Modality::Modal : modality);
+  if (modality == Modality::Modal && !is_modal_already) Run_Modally(form);
+}
+
+void FormViews::Come_On_Show(View& view, Modality modality) {
+  const bool is_new = view.showing == 0 || view.modality != modality;
   view.showing = ++last_showing_;
   view.modality = modality;
-  shown.push_back({form.Name(), modality});
-  if (modality == Modality::Modal) Run_Modally(form);
+  if (is_new && At_Showing) At_Showing(view.form, true, modality);
+}
+
+void FormViews::Go_From_Show(View& view) {
+  if (std::exchange(view.showing, 0) > 0 && At_Showing) At_Showing(view.form, false, view.modality);
 }
 
 // The form is only looked at while it has a view.
@@ -62,6 +78,18 @@ void FormViews::Run_Modally(Form& form) {
   const auto is_shown = [this, &form, life = form.Life()] {
     return !life.expired() && Is_Shown(form);
   };
+  modal_shows_.emplace_back(is_shown);
+  try {
+    Wait_Modally(form, is_shown);
+  } catch (...) {
+    modal_shows_.pop_back();
+    if (is_shown()) Hide(form);
+    throw;
+  }
+  modal_shows_.pop_back();
+}
+
+void FormViews::Wait_Modally(Form& form, const std::function<bool()>& is_shown) {
   while (is_shown() && !actions.empty()) {
     const auto action = std::move(actions.front());
     actions.pop_front();
@@ -73,7 +101,7 @@ void FormViews::Run_Modally(Form& form) {
 }
 
 void FormViews::Hide(Form& form) {
-  if (View* const view = Find(form)) view->showing = 0;
+  if (View* const view = Find(form)) Go_From_Show(*view);
 }
 
 void FormViews::Make_Child(Form& form, std::intptr_t parent, const ChildPlace& place,
@@ -121,6 +149,17 @@ std::vector<Form*> FormViews::On_Show() const {
   forms.reserve(found.size());
   for (const View* const view : found) forms.push_back(&view->form);
   return forms;
+}
+
+const Form* FormViews::Blocker_Of(const Form* form) const {
+  const View* const asked = form ? Find(*form) : nullptr;
+  const View* blocker = nullptr;
+  for (const auto& [other, view] : views_) {
+    const bool is_modal = view->showing > 0 && view->modality == Modality::Modal;
+    if (!is_modal || (asked && view->showing <= asked->showing)) continue;
+    if (!blocker || view->showing > blocker->showing) blocker = view.get();
+  }
+  return blocker ? &blocker->form : nullptr;
 }
 
 Modality FormViews::Modality_Of(const Form& form) const {
