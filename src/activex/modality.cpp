@@ -38,9 +38,23 @@ void ModalTime::Enable_Modeless(bool on) const {
   for (const auto& frame : frames_) frame->EnableModeless(on ? TRUE : FALSE);
 }
 
+ContainedBoxes::ContainedBoxes(const Activations& activations, const windows::FormViews& views)
+    : activations_(activations), boxes_([&activations, &views] {
+        const HWND modal = views.Modal_Window();
+        return modal ? modal : activations.Top_Window();
+      }) {}
+
+std::shared_ptr<const void> Begin_Modal_Time(const Activations& activations) {
+  struct Used {
+    explicit Used(const Activations& all) : time(all) {}
+    CountedControl session;
+    ModalTime time;
+  };
+  return std::make_shared<const Used>(activations);
+}
+
 BoxAnswer ContainedBoxes::Show(const MessageBox& box) {
-  const CountedControl session_is_used;
-  const ModalTime modal_time(activations_);
+  const auto time = Begin_Modal_Time(activations_);
   return boxes_.Show(box);
 }
 

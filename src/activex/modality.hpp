@@ -1,9 +1,11 @@
 // The containers of the session's controls while a message box of it is up.
 #pragma once
 
+#include <memory>
 #include <vector>
 
 #include "activex/com.hpp"
+#include "platform/windows/form_view.hpp"
 #include "platform/windows/message_boxes.hpp"
 
 namespace quillspeech::activex {
@@ -41,11 +43,15 @@ class ModalTime {
   const std::vector<ComPtr<IOleInPlaceFrame>> frames_;
 };
 
-// Message boxes that lie before the container's window. The session stays on its thread meanwhile.
+// The same for whoever waits in a window of ours: the session stays on its thread, too, until what
+// this gives is let go.
+std::shared_ptr<const void> Begin_Modal_Time(const Activations& activations);
+
+// Message boxes that lie before the window that a person works in: a modal one of ours, or else the
+// container's.
 class ContainedBoxes final : public MessageBoxes {
  public:
-  explicit ContainedBoxes(const Activations& activations)
-      : activations_(activations), boxes_([&activations] { return activations.Top_Window(); }) {}
+  ContainedBoxes(const Activations& activations, const windows::FormViews& views);
 
   BoxAnswer Show(const MessageBox& box) override;
 

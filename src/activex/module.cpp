@@ -10,6 +10,7 @@
 #include "core/persistence.hpp"
 #include "core/session_operations.hpp"
 #include "platform/windows/data_file.hpp"
+#include "platform/windows/dialogs.hpp"
 #include "platform/windows/host_program.hpp"
 #include "platform/windows/riff_file.hpp"
 #include "platform/windows/shell.hpp"
@@ -28,7 +29,6 @@ struct Module::Platform {
 
   windows::EventLoop events;
   activex::Activations activations;
-  ContainedBoxes boxes{activations};
   windows::HostProgram host;
   windows::SoundCues cues;
   windows::Shell shell;
@@ -36,9 +36,11 @@ struct Module::Platform {
   windows::WaveInput wave_input{events};
   windows::WaveOutput wave_output{events};
   windows::DataFileStore data_files{windows::NameEncoding::Windows1252};
+  windows::FormViews views{events};
+  windows::Dialogs dialogs{views};
+  ContainedBoxes boxes{activations, views};
   quillspeech::Session session{Ports{events, boxes, host, cues, shell, riff_files, wave_input,
                                      wave_output, data_files, dialogs, views}};
-  windows::FormViews views{events};
 };
 
 namespace {
@@ -70,6 +72,8 @@ Module::Platform::Platform() {
   Forget_Settings(session);
   events.At_Quit = [this] { Stop_At_Once(); };
   views.At_Failure = [this] { Show_Failure(session, Current_Failure_Number()); };
+  views.Owner = [this] { return activations.Top_Window(); };
+  views.Modal_Time = [this] { return Begin_Modal_Time(activations); };
   events.Rest();  // until there is a control
 }
 

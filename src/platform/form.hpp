@@ -86,6 +86,7 @@ class Form {
   void Set_Size(FormSize size);
   void Set_Enabled(bool enabled);
   void Set_Ground(FormDrawing ground);
+  void Change_Ground(const std::function<void(FormDrawing&)>& change);  // in its place
   void Set_Text(std::string_view control, std::string_view text);
   void Set_Tip(std::string_view control, std::string_view tip);
   void Set_Font(std::string_view control, const FormFont& font);
@@ -108,6 +109,8 @@ class Form {
   void Set_Scale(std::string_view control, const DrawingScale& scale);
   void Draw(std::string_view control, DrawingOperation operation);
   void Clear_Drawing(std::string_view control);  // the scale stays
+  // The bytes of a picture file, in place of the drawing; empty: none. A change of the drawing.
+  void Set_Picture(std::string_view control, std::string_view bytes);
 
   // A person's actions, which views and tests make. False: nothing there takes it.
   bool Click(std::string_view control);

@@ -48,6 +48,11 @@ void Form::Set_Ground(FormDrawing ground) {
   if (view_) view_->Form_Changed(FormChange::Drawing);
 }
 
+void Form::Change_Ground(const std::function<void(FormDrawing&)>& change) {
+  change(ground_);
+  if (view_) view_->Form_Changed(FormChange::Drawing);
+}
+
 void Form::Set_Text(std::string_view control, std::string_view text) {
   Change(control, &FormControl::text, std::string(text), FormChange::Text);
 }
@@ -152,6 +157,10 @@ void Form::Clear_Drawing(std::string_view control) {
   if (surface.drawing.operations.empty()) return;
   surface.drawing.operations.clear();
   if (view_) view_->Control_Changed(surface, FormChange::Drawing);
+}
+
+void Form::Set_Picture(std::string_view control, std::string_view bytes) {
+  Change(control, &FormControl::picture, std::string(bytes), FormChange::Drawing);
 }
 
 }  // namespace quillspeech

@@ -46,14 +46,14 @@ TEST_F(FaceDrawing, Has_the_colours_of_the_boxes) {
 
 TEST_F(FaceDrawing, Looks_as_the_windows_do) {
   windows::EventLoop loop;
-  windows::FormViews views(loop, 96);
+  windows::FormViews shown(loop, 96);
   HostWindow window;
-  views.Make_Child(*form, window.Handle(), {0, 0, 222, 126}, ChildMode::Live);
-  views.Show(*form, Modality::None);
-  views.Repaint(*form);
+  shown.Make_Child(*form, window.Handle(), {0, 0, 222, 126}, ChildMode::Live);
+  shown.Show(*form, Modality::None);
+  shown.Repaint(*form);
   for (int i = 0; i < 20; ++i) loop.Run_Pending_Events();
   Picture live(222, 126);
-  Take_Picture(reinterpret_cast<HWND>(views.Window_Of(*form)), live);
+  Take_Picture(reinterpret_cast<HWND>(shown.Window_Of(*form)), live);
   Picture drawn(222, 126);
   windows::Draw_Form(*form, drawn.Device(), {0, 0, 222, 126});
   int different = 0;

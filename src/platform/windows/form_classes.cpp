@@ -18,10 +18,11 @@ HINSTANCE This_Module() {
   return module;
 }
 
-WindowClass::WindowClass(const wchar_t* name, WNDPROC procedure)
+WindowClass::WindowClass(const wchar_t* name, WNDPROC procedure, UINT style)
     : name_(std::wstring(name) + L"." + std::to_wstring(reinterpret_cast<std::uintptr_t>(this))) {
   WNDCLASSEXW description{};
   description.cbSize = sizeof description;
+  description.style = style;
   description.lpfnWndProc = procedure;
   description.hInstance = This_Module();
   // IDC_ARROW, which is a narrow name where UNICODE is not defined.

@@ -13,7 +13,7 @@ HINSTANCE This_Module();
 // Registered as long as this lives, under a name that nobody else uses.
 class WindowClass {
  public:
-  WindowClass(const wchar_t* name, WNDPROC procedure);
+  WindowClass(const wchar_t* name, WNDPROC procedure, UINT style = 0);
   ~WindowClass();
   WindowClass(const WindowClass&) = delete;
   WindowClass& operator=(const WindowClass&) = delete;

@@ -42,10 +42,19 @@ Kind Box_Kind(const FormControl& box) {
   return {L"EDIT", style, WS_EX_CLIENTEDGE};
 }
 
-Kind Kind_Of(const FormControl& control, const wchar_t* frame_class) {
+bool Is_Of_Our_Class(FormControlKind kind) {
+  return kind == FormControlKind::Frame || kind == FormControlKind::Picture ||
+         kind == FormControlKind::Image;
+}
+
+Kind Kind_Of(const FormControl& control, const wchar_t* our_class) {
   switch (control.kind) {
     case FormControlKind::Frame:
-      return {frame_class, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
+      return {our_class, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
+    case FormControlKind::Picture:
+      return {our_class, 0, WS_EX_CLIENTEDGE};
+    case FormControlKind::Image:
+      return {our_class, 0};
     case FormControlKind::TextBox:
       return Box_Kind(control);
     case FormControlKind::Button:
@@ -74,18 +83,19 @@ class FormControlWindow::Telling {
 };
 
 FormControlWindow::FormControlWindow(FormWindow& form, const FormControl& control, HWND parent,
-                                     const RECT& place, const wchar_t* frame_class)
+                                     const RECT& place, const wchar_t* our_class)
     : name_(control.name), kind_(control.kind) {
-  const Kind kind = Kind_Of(control, frame_class);
+  const Kind kind = Kind_Of(control, our_class);
+  const bool is_ours = Is_Of_Our_Class(kind_);
   DWORD style = kind.style | WS_CHILD | WS_CLIPSIBLINGS;
   if (control.visible) style |= WS_VISIBLE;
   if (!control.enabled) style |= WS_DISABLED;
-  window_ =
-      CreateWindowExW(kind.extended, kind.class_name, Wide(control.text).c_str(), style, place.left,
-                      place.top, Width_Of(place), Height_Of(place), parent, nullptr, This_Module(),
-                      kind_ == FormControlKind::Frame ? &form : nullptr);
+  window_ = CreateWindowExW(kind.extended, kind.class_name, Wide(control.text).c_str(), style,
+                            place.left, place.top, Width_Of(place), Height_Of(place), parent,
+                            nullptr, This_Module(), is_ours ? &form : nullptr);
   if (!window_) return;
-  if (kind_ != FormControlKind::Frame) Tap_Into(form, window_);
+  picture_ = PictureFile(control.picture);
+  if (!is_ours) Tap_Into(form, window_);
   if (kind_ == FormControlKind::TextBox) Tell(EM_SETLIMITTEXT, 0);  // as much as there is room for
   if (kind_ != FormControlKind::ComboBox) return;
   COMBOBOXINFO parts{};
@@ -138,7 +148,8 @@ void FormControlWindow::Set_Font(HFONT font, int margin) {
   Tell(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(margin, margin));
 }
 
-// A combo box is told the height of its list with its own.
+// A combo box is told the height of its list with its own. What shows the form's ground, or is
+// stretched, is drawn anew.
 void FormControlWindow::Set_Place(const RECT& place) {
   int height = Height_Of(place);
   if (kind_ == FormControlKind::ComboBox) {
@@ -148,7 +159,7 @@ void FormControlWindow::Set_Place(const RECT& place) {
     Tell(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), Height_Of(place) - frame);
   }
   SetWindowPos(window_, nullptr, place.left, place.top, Width_Of(place), height,
-               SWP_NOZORDER | SWP_NOACTIVATE);
+               SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }
 
 void FormControlWindow::Show_Text(const FormControl& control) {
@@ -184,6 +195,11 @@ void FormControlWindow::Show_Index(const FormControl& control) {
 
 void FormControlWindow::Show_Read_Only(const FormControl& control) {
   if (kind_ == FormControlKind::TextBox) Tell(EM_SETREADONLY, control.read_only);
+}
+
+void FormControlWindow::Show_Drawing(const FormControl& control) {
+  if (!picture_.Is_Of(control.picture)) picture_ = PictureFile(control.picture);
+  InvalidateRect(window_, nullptr, FALSE);
 }
 
 std::wstring FormControlWindow::Shown_Text() const {

@@ -1,4 +1,5 @@
-// One control of a form as a child window of the system's own kinds.
+// One control of a form as a child window: of the system's own kinds or, for frames, pictures and
+// images, of the form's.
 #pragma once
 
 #include <memory>
@@ -7,6 +8,7 @@
 #include <vector>
 
 #include "platform/form.hpp"
+#include "platform/windows/form_picture.hpp"
 #include "platform/windows/windows_api.hpp"
 
 namespace quillspeech::windows {
@@ -15,9 +17,9 @@ class FormWindow;
 
 class FormControlWindow {
  public:
-  // The windows of frames are told apart from the system's kinds by their class.
+  // Messages to windows of `our_class` go to the form, to the others through here.
   FormControlWindow(FormWindow& form, const FormControl& control, HWND parent, const RECT& place,
-                    const wchar_t* frame_class);
+                    const wchar_t* our_class);
   ~FormControlWindow();
   FormControlWindow(const FormControlWindow&) = delete;
   FormControlWindow& operator=(const FormControlWindow&) = delete;
@@ -31,11 +33,14 @@ class FormControlWindow {
   void Show_Items(const FormControl& control);
   void Show_Index(const FormControl& control);
   void Show_Read_Only(const FormControl& control);
+  void Show_Drawing(const FormControl& control);
 
   // What a person has made of it.
   std::string Text() const;
   int Index() const;
   bool Is_Dropped_Down() const;  // a combo box's list is open
+
+  const PictureFile& Picture() const { return picture_; }
 
   // While the window is told what to show, what it notifies is no person's doing.
   bool Is_Being_Told() const { return telling_ > 0; }
@@ -58,6 +63,7 @@ class FormControlWindow {
   std::string name_;
   FormControlKind kind_;
   HWND window_ = nullptr;
+  PictureFile picture_;
   mutable int telling_ = 0;
   std::vector<std::unique_ptr<Tap>> taps_;
 };

@@ -1,5 +1,7 @@
 #include "platform/windows/form_drawing.hpp"
 
+#include <algorithm>
+
 #include "platform/windows/form_colours.hpp"
 #include "platform/windows/form_fonts.hpp"
 #include "platform/windows/form_text.hpp"
@@ -9,6 +11,7 @@ namespace quillspeech::windows {
 namespace {
 
 constexpr int Button_Edge = 3;
+constexpr int Drawing_Margin = 45;  // around a button's drawing, in twips
 
 bool Is_Visible(const Form& form, const FormControl& control) {
   const FormControl* const parent = form.Find(control.parent);
@@ -25,7 +28,7 @@ class Drawing {
         scale_(Scale_Into(rectangle, form.Size())) {}
 
   void Draw() {
-    Fill(rectangle_, Back_Colour_Of(form_));
+    Draw_Ground(form_, device_, rectangle_, fonts_);
     for (const FormControl& control : form_.Controls()) {
       if (Is_Visible(form_, control)) Draw_Control(control);
     }
@@ -44,11 +47,18 @@ class Drawing {
         Fill(place, Back_Colour_Of(form_, control));
         return Draw_Frame(form_, control, device_, place, fonts_.Font_For(control.font));
       case FormControlKind::Button:
-        return Draw_Button(form_, control, device_, place, fonts_.Font_For(control.font), {});
+        return Draw_Button(form_, control, device_, place, fonts_, {});
       case FormControlKind::TextBox:
       case FormControlKind::ComboBox:
       case FormControlKind::ListBox:
         return Draw_Field(control, place);
+      case FormControlKind::Picture:
+        DrawEdge(device_, &place, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+        Fill(place, Back_Colour_Of(form_, control));
+        return Draw_Surface(control, PictureFile(control.picture), device_, place, fonts_);
+      case FormControlKind::Image:
+        if (control.back_colour) Fill(place, *control.back_colour);
+        return Draw_Surface(control, PictureFile(control.picture), device_, place, fonts_);
       default:
         return Draw_Label(control, place);
     }
@@ -87,6 +97,21 @@ class Drawing {
   FormBrushes brushes_;
 };
 
+// Draws a button's drawing, and leaves of the box what is for its caption.
+void Draw_Above(const FormControl& button, std::size_t lines, const TextMeasure& measure,
+                HDC device, RECT& box, FormFonts& fonts) {
+  const int margin = fonts.Scale().Down(Drawing_Margin);
+  RECT room = box;
+  if (!button.text.empty()) {
+    const int caption = measure.Line_Height() * static_cast<int>(lines) + margin;
+    box.top = std::max(box.top, box.bottom - caption);
+    box.bottom -= margin;
+    room.bottom = box.top;
+  }
+  InflateRect(&room, -margin, -margin);
+  Paint_Drawing(button.drawing, device, Place_In_Shape(button.drawing, room), fonts);
+}
+
 }  // namespace
 
 void Draw_Form(const Form& form, HDC device, const RECT& rectangle) {
@@ -98,7 +123,7 @@ void Draw_Form(const Form& form, HDC device, const RECT& rectangle) {
 }
 
 void Draw_Button(const Form& form, const FormControl& button, HDC device, const RECT& rectangle,
-                 HFONT font, const ButtonState& state) {
+                 FormFonts& fonts, const ButtonState& state) {
   RECT box = rectangle;
   if (state.is_default) {
     FrameRect(device, &box, GetSysColorBrush(COLOR_WINDOWFRAME));
@@ -109,8 +134,12 @@ void Draw_Button(const Form& form, const FormControl& button, HDC device, const 
   InflateRect(&box, -Button_Edge, -Button_Edge);
   if (state.has_focus) DrawFocusRect(device, &box);
   if (state.is_pressed) OffsetRect(&box, 1, 1);
+  const HFONT font = fonts.Font_For(button.font);
   const TextMeasure measure(font);
-  Draw_Lines(device, box, measure.Lines(Without_Mnemonic(button.text), Width_Of(box)), measure,
+  const auto lines = measure.Lines(Without_Mnemonic(button.text), Width_Of(box));
+  if (!button.drawing.operations.empty())
+    Draw_Above(button, lines.size(), measure, device, box, fonts);
+  Draw_Lines(device, box, lines, measure,
              {font, Text_Colour_Of(form, button), FormAlignment::Centre, true,
               state.shows_mnemonic ? Place_Of_Mnemonic(button.text) : No_Letter});
 }
@@ -139,6 +168,19 @@ void Draw_Frame(const Form& form, const FormControl& frame, HDC device, const RE
   DeleteObject(ground);
   Draw_Lines(device, place, {measure.With_Dots(caption, Width_Of(place))}, measure,
              {font, Text_Colour_Of(form, frame)});
+}
+
+void Draw_Ground(const Form& form, HDC device, const RECT& rectangle, FormFonts& fonts) {
+  const HBRUSH brush = CreateSolidBrush(Back_Colour_Of(form));
+  FillRect(device, &rectangle, brush);
+  DeleteObject(brush);
+  Paint_Drawing(form.Ground(), device, rectangle, fonts);
+}
+
+void Draw_Surface(const FormControl& surface, const PictureFile& picture, HDC device,
+                  const RECT& rectangle, FormFonts& fonts) {
+  if (picture.Is_There()) return picture.Paint(device, rectangle);
+  Paint_Drawing(surface.drawing, device, rectangle, fonts);
 }
 
 }  // namespace quillspeech::windows

@@ -18,6 +18,7 @@ class FormFonts {
   FormFonts(const FormFonts&) = delete;
   FormFonts& operator=(const FormFonts&) = delete;
 
+  const FormScale& Scale() const { return scale_; }
   HFONT Font_For(const FormFont& font);
 
  private:

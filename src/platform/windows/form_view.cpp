@@ -1,7 +1,11 @@
 #include "platform/windows/form_view.hpp"
 
+#include <algorithm>
+#include <set>
 #include <system_error>
 #include <utility>
+
+#include "platform/windows/text.hpp"
 
 namespace quillspeech::windows {
 namespace {
@@ -18,10 +22,12 @@ void Let_Go(FormWindow& window) {
   throw std::system_error(error, std::system_category());
 }
 
-// What a new window lies before: the window that the thread's user works in.
-HWND Owner_For_New_Window() {
-  const HWND active = GetActiveWindow();
-  return active ? GetAncestor(active, GA_ROOT) : nullptr;
+// Those that lie on their side are for vertical writing only.
+int CALLBACK Note_Font(const LOGFONTW* font, const TEXTMETRICW*, DWORD, LPARAM names) {
+  if (font->lfFaceName[0] != L'@') {
+    reinterpret_cast<std::set<std::string>*>(names)->insert(Narrow(font->lfFaceName));
+  }
+  return 1;
 }
 
 }  // namespace
@@ -60,6 +66,13 @@ std::shared_ptr<FormWindow> FormViews::Made(Form& form) {
   return window;
 }
 
+// The window that the thread's user works in.
+HWND FormViews::Owner_For_New_Window() const {
+  const HWND active = GetActiveWindow();
+  if (active) return GetAncestor(active, GA_ROOT);
+  return Owner ? Owner() : nullptr;
+}
+
 void FormViews::Show(Form& form, Modality modality) {
   const std::weak_ptr<const void> life = form.Life();
   form.Load();
@@ -69,26 +82,47 @@ void FormViews::Show(Form& form, Modality modality) {
   if (!window->Window() && !window->Make_Top(Owner_For_New_Window(), modality == Modality::Modal)) {
     Give_Up(*window);
   }
-  if (modality == Modality::Modal) return Run_Modally(window);
+  const bool is_modal = std::ranges::find(modal_, window.get()) != modal_.end();
+  if (modality == Modality::Modal && !is_modal) return Run_Modally(window);
   window->Show();
 }
 
 void FormViews::Run_Modally(const std::shared_ptr<FormWindow>& window) {
-  window->Disable_Others();
-  window->Show();
+  const auto time = Modal_Time ? Modal_Time() : nullptr;
+  modal_.push_back(window.get());
   try {
-    while (window->Is_Shown()) {
-      if (loop_.Is_Quitting()) {
-        if (Form* const form = window->Model()) form->Unload();
-        window->Hide();
-        return;
-      }
-      loop_.Wait_For_Events();
-    }
+    window->Disable_Others();
+    window->Show();
+    Wait_While_Shown(*window);
   } catch (...) {
+    std::erase(modal_, window.get());
     window->Hide();
     throw;
   }
+  std::erase(modal_, window.get());
+}
+
+void FormViews::Wait_While_Shown(FormWindow& window) {
+  while (window.Is_Shown()) {
+    if (loop_.Is_Quitting()) {
+      if (Form* const form = window.Model()) form->Unload();
+      window.Hide();
+      return;
+    }
+    loop_.Wait_For_Events();
+  }
+}
+
+HWND FormViews::Modal_Window() const { return modal_.empty() ? nullptr : modal_.back()->Window(); }
+
+std::vector<std::string> FormViews::Font_Names() const {
+  std::set<std::string> names;
+  LOGFONTW any{};
+  any.lfCharSet = DEFAULT_CHARSET;
+  const HDC screen = GetDC(nullptr);
+  EnumFontFamiliesExW(screen, &any, &Note_Font, reinterpret_cast<LPARAM>(&names), 0);
+  ReleaseDC(nullptr, screen);
+  return {names.begin(), names.end()};
 }
 
 void FormViews::Hide(Form& form) {

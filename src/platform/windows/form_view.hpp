@@ -4,6 +4,8 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "platform/form_view.hpp"
 #include "platform/windows/event_loop.hpp"
@@ -31,6 +33,12 @@ class FormViews final : public quillspeech::FormViews {
   bool Is_Shown(const Form& form) const override;
   void Repaint(Form& form) override;
   int Dots_Per_Inch() const override { return dots_per_inch_; }
+  std::vector<std::string> Font_Names() const override;
+
+  // What a new window or a dialog lies before; it may be null.
+  HWND Owner_For_New_Window() const;
+  // The window of the form that was shown modally last and still shows so; null: there is none.
+  HWND Modal_Window() const;
 
   // For a container that asks whether the form wants the key.
   bool Translate(const Form& form, MSG& message);
@@ -38,17 +46,23 @@ class FormViews final : public quillspeech::FormViews {
 
   // Called in the handler of what a form's handler threw: rethrow it there to look at it.
   std::function<void()> At_Failure;
+  // What a new window lies before when none of the thread's is active; it may be null.
+  std::function<HWND()> Owner;
+  // What it gives is kept as long as a form shows modally.
+  std::function<std::shared_ptr<const void>()> Modal_Time;
 
  private:
   FormWindow* Find(const Form& form) const;
   std::shared_ptr<FormWindow> Made(Form& form);
   void Run_Modally(const std::shared_ptr<FormWindow>& window);
+  void Wait_While_Shown(FormWindow& window);
   bool Filter(MSG& message);
 
   EventLoop& loop_;
   int dots_per_inch_;
   FormDesk desk_;
   std::map<const Form*, std::shared_ptr<FormWindow>> windows_;
+  std::vector<const FormWindow*> modal_;  // the latest last
   int filter_ = 0;
 };
 

@@ -26,7 +26,8 @@ RECT Centred(SIZE size, HWND owner) {
 FormDesk::FormDesk(int dots_per_inch)
     : scale(Scale_At(dots_per_inch)),
       form_class(L"Quillspeech.Form", &FormWindow::Window_Procedure),
-      frame_class(L"Quillspeech.Frame", &FormWindow::Window_Procedure) {}
+      frame_class(L"Quillspeech.Frame", &FormWindow::Window_Procedure,
+                  CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW) {}
 
 FormWindow::Stay::Stay(FormWindow& form) : form_(form.shared_from_this()) { ++form_->busy_; }
 
@@ -41,10 +42,28 @@ FormWindow::~FormWindow() = default;
 bool FormWindow::Make_Top(HWND owner, bool is_modal) {
   const DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | (is_modal ? 0 : WS_MINIMIZEBOX);
   const DWORD extended = WS_EX_CONTROLPARENT | (is_modal ? WS_EX_DLGMODALFRAME : 0);
+  if (!Make(style, extended, {}, owner)) return false;
+  menus_ = std::make_unique<FormMenus>(*form_, window_);
+  const RECT place = Centred(Outer_Size(), owner);
+  SetWindowPos(window_, nullptr, place.left, place.top, Width_Of(place), Height_Of(place),
+               SWP_NOZORDER | SWP_NOACTIVATE);
+  return true;
+}
+
+// With the frame, the title and the menu bar, which takes as many lines as its width needs.
+SIZE FormWindow::Outer_Size() const {
   const SIZE inner = Pixels_Of(form_->Size(), desk_.scale);
   RECT outer{0, 0, inner.cx, inner.cy};
+  const auto style = static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE));
+  const auto extended = static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE));
   AdjustWindowRectEx(&outer, style, FALSE, extended);
-  return Make(style, extended, Centred({Width_Of(outer), Height_Of(outer)}, owner), owner);
+  if (GetMenu(window_)) {
+    constexpr LONG Deep = 0x7fff;
+    RECT whole{0, 0, Width_Of(outer), Deep};
+    SendMessageW(window_, WM_NCCALCSIZE, FALSE, reinterpret_cast<LPARAM>(&whole));
+    outer.bottom = outer.top + inner.cy + Deep - Height_Of(whole);
+  }
+  return {Width_Of(outer), Height_Of(outer)};
 }
 
 bool FormWindow::Make_Child(HWND parent, const ChildPlace& place, ChildMode mode) {
@@ -204,7 +223,13 @@ void FormWindow::Control_Changed(const FormControl& control, FormChange change) 
     case FormChange::Focus:
       if (IsWindowVisible(window_)) SetFocus(one->Window());
       return;
+    case FormChange::Drawing:
+      return one->Show_Drawing(control);
   }
+}
+
+void FormWindow::Menu_Changed(const FormMenu& menu, FormChange change) {
+  if (window_ && menus_) menus_->Changed(menu, change);
 }
 
 void FormWindow::Form_Changed(FormChange change) {
@@ -213,12 +238,11 @@ void FormWindow::Form_Changed(FormChange change) {
     SetWindowTextW(window_, Wide(form_->Caption()).c_str());
   } else if (change == FormChange::Enabled) {
     Enable(!is_inert_ && form_->Is_Enabled());
+  } else if (change == FormChange::Drawing) {
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
   } else if (change == FormChange::Place && !is_child_) {
-    const SIZE inner = Pixels_Of(form_->Size(), desk_.scale);
-    RECT outer{0, 0, inner.cx, inner.cy};
-    AdjustWindowRectEx(&outer, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)));
-    SetWindowPos(window_, nullptr, 0, 0, Width_Of(outer), Height_Of(outer),
+    const SIZE outer = Outer_Size();
+    SetWindowPos(window_, nullptr, 0, 0, outer.cx, outer.cy,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   }
 }

@@ -11,6 +11,7 @@
 #include "platform/windows/form_colours.hpp"
 #include "platform/windows/form_control_window.hpp"
 #include "platform/windows/form_fonts.hpp"
+#include "platform/windows/form_menus.hpp"
 #include "platform/windows/form_tips.hpp"
 
 namespace quillspeech::windows {
@@ -69,6 +70,7 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
 
   // FormView
   void Control_Changed(const FormControl& control, FormChange change) override;
+  void Menu_Changed(const FormMenu& menu, FormChange change) override;
   void Form_Changed(FormChange change) override;
   void Form_Gone() override;
 
@@ -99,6 +101,7 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   bool Make(DWORD style, DWORD extended, const RECT& place, HWND parent);
   void Make_Controls();
   void Place_Controls();
+  SIZE Outer_Size() const;
   FormControlWindow* Control_Named(std::string_view name) const;
   FormControlWindow* Control_At(HWND window) const;
   HWND Window_For(const std::string& parent) const;
@@ -107,12 +110,16 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   std::optional<LRESULT> Handle_Drawing(HWND window, UINT message, WPARAM wide, LPARAM longer);
   std::optional<LRESULT> Handle_Mouse(HWND window, UINT message, LPARAM longer);
   void On_Command(HWND control, UINT code);
-  void On_Dialog_Command(WORD command);
+  void On_Menu_Or_Key(WORD command);
   void On_Typed(FormControlWindow& control);
   LRESULT Colour(HDC device, HWND control);
   void Draw_Item(const DRAWITEMSTRUCT& item);
   void Erase(HWND window, HDC device);
   void Paint(HWND window);
+  void Paint_Surface(const FormControlWindow& surface, HDC device);
+  bool Shows_Ground(const FormControl& control) const;
+  void Draw_Below(HWND window, HDC device);
+  void On_Second_Click(const std::string& control);
   void Enable(bool on);
   bool Holds(HWND window) const;
   void Give_Focus();
@@ -135,12 +142,14 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   bool is_child_ = false;
   bool is_inert_ = false;
   bool is_shown_ = false;
-  bool is_pressed_ = false;  // the mouse went down on the form itself or a frame
+  bool is_pressed_ = false;       // the mouse went down on the form itself or a window of its class
+  bool is_second_press_ = false;  // as the second of a double click
   bool has_focus_ = false;
   bool is_ending_ = false;  // the native windows go as soon as nothing runs in them
   int busy_ = 0;
   std::vector<std::unique_ptr<FormControlWindow>> controls_;
   std::unique_ptr<FormTips> tips_;
+  std::unique_ptr<FormMenus> menus_;
   std::vector<HWND> disabled_;
 };
 

@@ -20,6 +20,13 @@ std::optional<unsigned char> Key_Of(WPARAM character) {
   return static_cast<unsigned char>(narrow.front());
 }
 
+// What is typed next takes the place of the text that stands there, as in every dialog.
+void Focus_And_Select(HWND control) {
+  SetFocus(control);
+  const bool has_text = (SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0;
+  if (has_text) SendMessageW(control, EM_SETSEL, 0, -1);
+}
+
 bool Is_Enter_Or_Escape(WPARAM key) { return key == Key_Enter || key == Key_Escape; }
 static_assert(Key_Enter == VK_RETURN && Key_Escape == VK_ESCAPE);
 
@@ -121,7 +128,7 @@ std::optional<LRESULT> FormWindow::Handle_Key(FormControlWindow& control, UINT m
   if (message == WM_KEYDOWN) {
     if (key != VK_TAB) return {};
     const HWND next = GetNextDlgTabItem(window_, GetFocus(), Is_Down(VK_SHIFT));
-    if (next) SetFocus(next);
+    if (next) Focus_And_Select(next);
     return 0;
   }
   if (key == VK_TAB) return 0;
@@ -156,7 +163,7 @@ void FormWindow::Give_Focus() {
     return;
   }
   const HWND first = GetNextDlgTabItem(window_, nullptr, FALSE);
-  if (first && first != window_) SetFocus(first);
+  if (first && first != window_) Focus_And_Select(first);
 }
 
 // A click on what takes no focus itself brings it to an embedded form all the same.

@@ -6,6 +6,13 @@
 #include "platform/windows/text.hpp"
 
 namespace quillspeech::windows {
+namespace {
+
+bool Is_List(FormControlKind kind) {
+  return kind == FormControlKind::ListBox || kind == FormControlKind::ComboBox;
+}
+
+}  // namespace
 
 LRESULT CALLBACK FormWindow::Window_Procedure(HWND window, UINT message, WPARAM wide,
                                               LPARAM longer) {
@@ -35,7 +42,7 @@ std::optional<LRESULT> FormWindow::Handle(HWND window, UINT message, WPARAM wide
   switch (message) {
     case WM_COMMAND:
       if (longer == 0) {
-        On_Dialog_Command(LOWORD(wide));
+        On_Menu_Or_Key(LOWORD(wide));
       } else {
         On_Command(reinterpret_cast<HWND>(longer), HIWORD(wide));
       }
@@ -56,6 +63,7 @@ std::optional<LRESULT> FormWindow::Handle(HWND window, UINT message, WPARAM wide
     }
     case WM_ERASEBKGND:
     case WM_PAINT:
+    case WM_SIZE:
     case WM_DRAWITEM:
     case WM_SYSCOLORCHANGE:
     case WM_CTLCOLORSTATIC:
@@ -79,6 +87,12 @@ std::optional<LRESULT> FormWindow::Handle_Drawing(HWND window, UINT message, WPA
       if (!form_) return {};
       Paint(window);
       return 0;
+    case WM_SIZE:
+      // The ground is stretched with the form, below its controls too.
+      if (window == window_ && !form_->Ground().operations.empty()) {
+        RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+      }
+      return {};
     case WM_DRAWITEM:
       Draw_Item(*reinterpret_cast<const DRAWITEMSTRUCT*>(longer));
       return TRUE;
@@ -90,13 +104,15 @@ std::optional<LRESULT> FormWindow::Handle_Drawing(HWND window, UINT message, WPA
   }
 }
 
-// A click on the form or a frame is a press and a release there.
+// A click on the form, a frame or a picture is a press and a release there.
 std::optional<LRESULT> FormWindow::Handle_Mouse(HWND window, UINT message, LPARAM longer) {
   if (message == WM_NCHITTEST && is_inert_) return HTTRANSPARENT;
-  if (message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN) Take_Focus_By_Click();
+  const bool is_press = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
+  if (is_press || message == WM_RBUTTONDOWN) Take_Focus_By_Click();
   if (!form_) return {};
-  if (message == WM_LBUTTONDOWN) {
+  if (is_press) {
     is_pressed_ = true;
+    is_second_press_ = message == WM_LBUTTONDBLCLK;
     SetCapture(window);
     return 0;
   }
@@ -108,10 +124,21 @@ std::optional<LRESULT> FormWindow::Handle_Mouse(HWND window, UINT message, LPARA
   if (!PtInRect(&inside, {GET_X_LPARAM(longer), GET_Y_LPARAM(longer)})) return 0;
   if (window == window_) {
     form_->Click_Form();
-  } else if (const FormControlWindow* const frame = Control_At(window)) {
-    form_->Click(frame->Name());
+  } else if (const FormControlWindow* const control = Control_At(window)) {
+    is_second_press_ ? On_Second_Click(control->Name()) : void(form_->Click(control->Name()));
   }
   return 0;
+}
+
+// Where nobody waits for double clicks, quick clicks count one by one.
+void FormWindow::On_Second_Click(const std::string& control) {
+  if (form_->Has_Handler(control, FormEvent::DoubleClick)) {
+    form_->Double_Click(control);
+  } else if (Is_List((*form_)[control].kind)) {
+    form_->Select(control, (*form_)[control].index);
+  } else {
+    form_->Click(control);
+  }
 }
 
 void FormWindow::On_Command(HWND window, UINT code) {
@@ -125,12 +152,17 @@ void FormWindow::On_Command(HWND window, UINT code) {
     case FormControlKind::ComboBox:
       if (code == CBN_EDITCHANGE) On_Typed(*control);
       if (code == CBN_SELCHANGE) form_->Select(control->Name(), control->Index());
+      if (code == CBN_DBLCLK) On_Second_Click(control->Name());
       return;
     case FormControlKind::ListBox:
       if (code == LBN_SELCHANGE) form_->Select(control->Name(), control->Index());
+      if (code == LBN_DBLCLK) On_Second_Click(control->Name());
+      return;
+    case FormControlKind::Label:
+      if (code == STN_CLICKED) form_->Click(control->Name());
+      if (code == STN_DBLCLK) On_Second_Click(control->Name());
       return;
     default:
-      // Of buttons BN_CLICKED and of labels STN_CLICKED.
       if (code == BN_CLICKED) form_->Click(control->Name());
       return;
   }
@@ -143,8 +175,12 @@ void FormWindow::On_Typed(FormControlWindow& control) {
   if (form_) control.Show_Text((*form_)[name]);
 }
 
-// From the dialog keys: Enter or Escape.
-void FormWindow::On_Dialog_Command(WORD command) {
+// An entry of the menus or, from the dialog keys, Enter or Escape.
+void FormWindow::On_Menu_Or_Key(WORD command) {
+  if (const auto entry = menus_ ? menus_->Entry_Of(command) : std::nullopt) {
+    form_->Choose_Menu(*entry);
+    return;
+  }
   if (command == IDOK) Press(Key_Enter);
   if (command == IDCANCEL) Press(Key_Escape);
 }
@@ -160,6 +196,11 @@ LRESULT FormWindow::Colour(HDC device, HWND window) {
   }
   SetTextColor(device, text);
   SetBkColor(device, back);
+  if (found && Shows_Ground((*form_)[found->Name()])) {
+    Draw_Below(window, device);
+    SetBkMode(device, TRANSPARENT);
+    return reinterpret_cast<LRESULT>(GetStockObject(NULL_BRUSH));
+  }
   return reinterpret_cast<LRESULT>(desk_.brushes.Brush_For(back));
 }
 
@@ -177,29 +218,68 @@ void FormWindow::Draw_Item(const DRAWITEMSTRUCT& item) {
   state.shows_mnemonic = (item.itemState & ODS_NOACCEL) == 0;
   state.is_default =
       state.has_focus || (button.name == form_->Default_Button() && !other_has_focus);
-  Draw_Button(*form_, button, item.hDC, item.rcItem, desk_.fonts.Font_For(button.font), state);
+  const PaintBuffer buffer(item.hDC, item.rcItem);
+  Draw_Button(*form_, button, buffer.Device(), item.rcItem, desk_.fonts, state);
 }
 
+// A picture and an image paint their ground themselves.
 void FormWindow::Erase(HWND window, HDC device) {
-  const FormControlWindow* const frame = window == window_ ? nullptr : Control_At(window);
-  const COLORREF colour =
-      frame ? Back_Colour_Of(*form_, (*form_)[frame->Name()]) : Back_Colour_Of(*form_);
   RECT whole{};
   GetClientRect(window, &whole);
-  FillRect(device, &whole, desk_.brushes.Brush_For(colour));
+  if (window == window_) {
+    const PaintBuffer buffer(device, whole);
+    return Draw_Ground(*form_, buffer.Device(), whole, desk_.fonts);
+  }
+  const FormControlWindow* const found = Control_At(window);
+  if (!found) return;
+  const FormControl& control = (*form_)[found->Name()];
+  if (control.kind != FormControlKind::Frame) return;
+  FillRect(device, &whole, desk_.brushes.Brush_For(Back_Colour_Of(*form_, control)));
 }
 
 void FormWindow::Paint(HWND window) {
   PAINTSTRUCT painting{};
   const HDC device = BeginPaint(window, &painting);
-  const FormControlWindow* const frame = window == window_ ? nullptr : Control_At(window);
-  if (device && frame) {
-    RECT whole{};
-    GetClientRect(window, &whole);
-    const FormControl& control = (*form_)[frame->Name()];
-    Draw_Frame(*form_, control, device, whole, desk_.fonts.Font_For(control.font));
+  const FormControlWindow* const found = window == window_ ? nullptr : Control_At(window);
+  if (device && found) {
+    const FormControl& control = (*form_)[found->Name()];
+    if (control.kind == FormControlKind::Frame) {
+      RECT whole{};
+      GetClientRect(window, &whole);
+      Draw_Frame(*form_, control, device, whole, desk_.fonts.Font_For(control.font));
+    } else {
+      Paint_Surface(*found, device);
+    }
   }
   EndPaint(window, &painting);
+}
+
+void FormWindow::Paint_Surface(const FormControlWindow& surface, HDC device) {
+  RECT whole{};
+  GetClientRect(surface.Window(), &whole);
+  const FormControl& control = (*form_)[surface.Name()];
+  const PaintBuffer buffer(device, whole);
+  if (Shows_Ground(control)) {
+    Draw_Below(surface.Window(), buffer.Device());
+  } else {
+    FillRect(buffer.Device(), &whole, desk_.brushes.Brush_For(Back_Colour_Of(*form_, control)));
+  }
+  Draw_Surface(control, surface.Picture(), buffer.Device(), whole, desk_.fonts);
+}
+
+// A label or an image lets it show through where the form itself, and no frame, lies below.
+bool FormWindow::Shows_Ground(const FormControl& control) const {
+  const bool is_clear =
+      control.kind == FormControlKind::Label || control.kind == FormControlKind::Image;
+  return is_clear && !control.back_colour && control.parent.empty() &&
+         !form_->Ground().operations.empty();
+}
+
+void FormWindow::Draw_Below(HWND window, HDC device) {
+  RECT ground{};
+  GetClientRect(window_, &ground);
+  MapWindowPoints(window_, window, reinterpret_cast<POINT*>(&ground), 2);
+  Draw_Ground(*form_, device, ground, desk_.fonts);
 }
 
 }  // namespace quillspeech::windows
