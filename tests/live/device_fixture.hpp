@@ -6,7 +6,7 @@
 #include <chrono>
 #include <functional>
 
-#include "backend.hpp"
+#include "tests/live/backend.hpp"
 #include "tests/live/input_ear.hpp"
 #include "tests/support/temporary_folder.hpp"
 #include "tests/support/wave_builder.hpp"
