@@ -39,6 +39,7 @@ void ModalTime::Enable_Modeless(bool on) const {
 }
 
 BoxAnswer ContainedBoxes::Show(const MessageBox& box) {
+  const CountedObject file_is_used;
   const CountedControl session_is_used;
   const ModalTime modal_time(activations_);
   return boxes_.Show(box);

@@ -41,7 +41,8 @@ class ModalTime {
   const std::vector<ComPtr<IOleInPlaceFrame>> frames_;
 };
 
-// Message boxes that lie before the container's window. The session stays on its thread meanwhile.
+// Message boxes that lie before the container's window. The session stays on its thread meanwhile,
+// and the file in memory: the box has a loop of its own, and no control need be left behind it.
 class ContainedBoxes final : public MessageBoxes {
  public:
   explicit ContainedBoxes(const Activations& activations)

@@ -87,7 +87,7 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   // A message to a control, before the system's own procedure gets it: the answer, or nothing when
   // that is to have it. `part` is the control's window or, of a combo box, one inside it.
   std::optional<LRESULT> Handle_Control(FormControlWindow& control, HWND part, UINT message,
-                                        WPARAM wide) noexcept;
+                                        WPARAM wide, LPARAM longer) noexcept;
 
   static LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
 
@@ -135,7 +135,7 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   bool is_child_ = false;
   bool is_inert_ = false;
   bool is_shown_ = false;
-  bool is_pressed_ = false;  // the mouse went down on the form itself or a frame
+  bool is_pressed_ = false;  // the mouse went down on the form itself, a frame or a label
   bool has_focus_ = false;
   bool is_ending_ = false;  // the native windows go as soon as nothing runs in them
   int busy_ = 0;

@@ -90,7 +90,7 @@ std::optional<LRESULT> FormWindow::Handle_Drawing(HWND window, UINT message, WPA
   }
 }
 
-// A click on the form or a frame is a press and a release there.
+// A click on the form, a frame or a label is a press and a release there.
 std::optional<LRESULT> FormWindow::Handle_Mouse(HWND window, UINT message, LPARAM longer) {
   if (message == WM_NCHITTEST && is_inert_) return HTTRANSPARENT;
   if (message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN) Take_Focus_By_Click();
@@ -108,8 +108,8 @@ std::optional<LRESULT> FormWindow::Handle_Mouse(HWND window, UINT message, LPARA
   if (!PtInRect(&inside, {GET_X_LPARAM(longer), GET_Y_LPARAM(longer)})) return 0;
   if (window == window_) {
     form_->Click_Form();
-  } else if (const FormControlWindow* const frame = Control_At(window)) {
-    form_->Click(frame->Name());
+  } else if (const FormControlWindow* const control = Control_At(window)) {
+    form_->Click(control->Name());
   }
   return 0;
 }
@@ -129,9 +129,10 @@ void FormWindow::On_Command(HWND window, UINT code) {
     case FormControlKind::ListBox:
       if (code == LBN_SELCHANGE) form_->Select(control->Name(), control->Index());
       return;
-    default:
-      // Of buttons BN_CLICKED and of labels STN_CLICKED.
+    case FormControlKind::Button:
       if (code == BN_CLICKED) form_->Click(control->Name());
+      return;
+    default:
       return;
   }
 }
