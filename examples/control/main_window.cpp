@@ -42,10 +42,11 @@ MainWindow::MainWindow(const std::wstring& language, const std::wstring& engine)
   metrics.cbSize = sizeof metrics;
   SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0);
   font_ = CreateFontIndirectW(&metrics.lfMessageFont);
-  SelectObject(screen, font_);
+  HGDIOBJ before = SelectObject(screen, font_);
   TEXTMETRICW text;
   GetTextMetricsW(screen, &text);
   text_height_ = text.tmHeight;
+  SelectObject(screen, before);
   ReleaseDC(nullptr, screen);
   metrics.lfMessageFont.lfWeight = FW_SEMIBOLD;
   metrics.lfMessageFont.lfHeight = MulDiv(metrics.lfMessageFont.lfHeight, 5, 4);
@@ -213,7 +214,8 @@ void MainWindow::Start() {
 std::vector<RankedWord> MainWindow::Recognise(const std::wstring& file) {
   const LateBound& members = control_->Members();
   Give_Settings();
-  members.Set(L"Open_this_Wave_File", Padded_Wave(file, 7000));
+  const PaddedWave wave(file, 7000);
+  members.Set(L"Open_this_Wave_File", wave.File());
   members.Call(L"Open_Specified_Wave_File_And_Process");  // returns when the file is done
   std::vector<RankedWord> words = Ranked_Words(members);
   results_->Show(words);

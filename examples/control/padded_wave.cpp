@@ -37,27 +37,45 @@ bool Is_Plain(const Bytes& bytes) {
          Number(bytes, 40) <= bytes.size() - Head_Bytes;
 }
 
-}  // namespace
-
-std::wstring Padded_Wave(const std::wstring& file, unsigned milliseconds) {
+// The file with the silence; nothing when it is answered as it is.
+Bytes Padded(const std::wstring& file, unsigned milliseconds) {
   std::ifstream in(std::filesystem::path(file), std::ios::binary);
   Bytes bytes{std::istreambuf_iterator<char>(in), {}};
-  if (!Is_Plain(bytes)) return file;
+  if (!Is_Plain(bytes)) return {};
   bytes.resize(Head_Bytes + Number(bytes, 40));  // without what may stand behind the sound
   const std::size_t sound = bytes.size() - Head_Bytes;
   const std::size_t wanted = std::size_t{Number(bytes, 24)} * milliseconds / 1000;
-  if (sound >= wanted) return file;
+  if (sound >= wanted) return {};
 
   const std::size_t before = (wanted - sound) / 2;
   bytes.insert(bytes.begin() + Head_Bytes, before, Silence);
   bytes.resize(Head_Bytes + wanted, Silence);
   Set_Number(bytes, 4, bytes.size() - 8);
   Set_Number(bytes, 40, wanted);
+  return bytes;
+}
 
-  const auto padded = std::filesystem::temp_directory_path() / "quillspeech_padded.wav";
-  std::ofstream out(padded, std::ios::binary);
+// A new file in the folder for temporary files; empty when there can be none.
+std::wstring New_File() {
+  wchar_t folder[MAX_PATH + 1], name[MAX_PATH];
+  if (GetTempPathW(MAX_PATH + 1, folder) == 0) return {};
+  return GetTempFileNameW(folder, L"qui", 0, name) != 0 ? name : L"";
+}
+
+}  // namespace
+
+PaddedWave::PaddedWave(const std::wstring& file, unsigned milliseconds) : file_(file) {
+  const Bytes bytes = Padded(file, milliseconds);
+  if (bytes.empty()) return;
+  made_ = New_File();
+  std::ofstream out(std::filesystem::path(made_), std::ios::binary);
   out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return out ? padded.wstring() : file;
+  out.close();
+  if (out) file_ = made_;
+}
+
+PaddedWave::~PaddedWave() {
+  if (!made_.empty()) DeleteFileW(made_.c_str());
 }
 
 }  // namespace example

@@ -113,7 +113,7 @@ void ResultsView::Paint() const {
 
 void ResultsView::Draw(HDC dc, const RECT& area) const {
   Fill(dc, area, Paper);
-  SelectObject(dc, font_);
+  HGDIOBJ before = SelectObject(dc, font_);
   SetBkMode(dc, TRANSPARENT);
   for (int place = 0; place < Places; ++place) {
     const RECT row = {area.left, place * area.bottom / Places, area.right,
@@ -121,6 +121,7 @@ void ResultsView::Draw(HDC dc, const RECT& area) const {
     const auto index = static_cast<std::size_t>(place);
     Draw_Row(dc, row, index < words_.size() ? words_[index] : RankedWord{}, place == 0);
   }
+  SelectObject(dc, before);
 }
 
 void ResultsView::Draw_Row(HDC dc, RECT row, const RankedWord& word, bool is_best) const {

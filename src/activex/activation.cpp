@@ -196,6 +196,7 @@ bool Activation::On_Key(MSG& message) noexcept {
 
 void Activation::On_Paint() noexcept {
   Guarded([&] {
+    const ComPtr<IUnknown> whole(&whole_);
     if (const auto control = access_.Living()) control->UserControl_Paint();
     return S_OK;
   });

@@ -18,7 +18,7 @@ class AggregatedObject : private CountedObject {
   IUnknown& Whole() { return whole_; }
 
   // Keeps the object in memory while one of its procedures calls out.
-  ComPtr<IUnknown> Kept() { return ComPtr<IUnknown>(&inner_); }
+  ComPtr<IUnknown> Kept() const { return ComPtr<IUnknown>(&inner_); }
 
  protected:
   explicit AggregatedObject(IUnknown* outer) : inner_(*this), whole_(outer ? *outer : inner_) {}
@@ -42,7 +42,7 @@ class AggregatedObject : private CountedObject {
     std::atomic<ULONG> count_ = 1;
   };
 
-  InnerUnknown inner_;
+  mutable InnerUnknown inner_;  // who keeps it may know it as constant
   IUnknown& whole_;
 };
 

@@ -44,8 +44,7 @@ class ClassFactory final : public IClassFactory {
     });
   }
   HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
-    Module& module = Module::Of_This_File();
-    lock ? module.Add_Object() : module.Remove_Object();
+    Module::Of_This_File().Lock(lock != FALSE);
     return S_OK;
   }
 

@@ -1,6 +1,7 @@
 #include "activex/control_object.hpp"
 
 #include <algorithm>
+#include <array>
 
 #include "activex/errors.hpp"
 #include "activex/guids.hpp"
@@ -8,6 +9,12 @@
 #include "core/face_form.hpp"
 
 namespace quillspeech::activex {
+namespace {
+
+// What leaves error objects: the vtable of the members.
+constexpr std::array<const IID*, 1> Telling_Interfaces = {&IID__Quillspeech};
+
+}  // namespace
 
 HRESULT Make_Control(IUnknown* outer, REFIID iid, void** object) {
   return Guarded([&]() -> HRESULT {
@@ -17,10 +24,10 @@ HRESULT Make_Control(IUnknown* outer, REFIID iid, void** object) {
     if (outer && !is_identity) return CLASS_E_NOAGGREGATION;
     // One that was made in vain would end the session as it goes.
     if (!is_identity && !ControlObject::Has(iid)) return E_NOINTERFACE;
-    Module& module = Module::Of_This_File();
-    const HRESULT entered = module.Enter_Thread();
-    if (FAILED(entered)) return entered;
-    return Give_New(*new ControlObject(outer, module.Session()), outer, iid, object);
+    const ThreadEntry entry;
+    if (FAILED(entry.Code())) return entry.Code();
+    auto& made = *new ControlObject(outer, Module::Of_This_File().Session());
+    return Give_New(made, outer, iid, object);
   });
 }
 
@@ -36,7 +43,7 @@ ControlObject::ControlObject(IUnknown* outer, Session& session)
       events_(connection_points_),
       dispatch_(Whole(), *this),
       provide_class_info_(Whole()),
-      support_error_info_(Whole()),
+      support_error_info_(Whole(), Telling_Interfaces),
       ole_object_(Whole(), site_, activation_, notices_, record_),
       ole_control_(Whole(), activation_, events_),
       in_place_object_(Whole(), activation_),
@@ -127,6 +134,11 @@ IUnknown* ControlObject::Interface_Of(REFIID iid) {
     if (IsEqualIID(iid, row.iid)) return row.of(*this);
   }
   return nullptr;
+}
+
+bool ControlObject::User_Mode() const {
+  const auto kept = Kept();
+  return site_.User_Mode();
 }
 
 void ControlObject::Raise(const ControlEvent& event) {

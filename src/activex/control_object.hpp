@@ -59,16 +59,13 @@ class ControlObject final : public AggregatedObject, private ControlAccess, priv
   std::shared_ptr<Control> Living() override;
 
   // Container
-  bool User_Mode() const override { return site_.User_Mode(); }
+  bool User_Mode() const override;
   void Raise(const ControlEvent& event) override;
   void Property_Changed(std::string_view name) override;
   void Face_Changed(const Face& face) override;
   void Enabled_Changed(bool enabled) override;
   std::int32_t Window_Handle() const override;
   void Repaint() override;
-  // A handler's failure is the host's own to tell. What is left, lack of memory mostly, has no
-  // caller to take a code, and a box would come back every 50 ms.
-  void Pump_Failed(int) override {}
 
   const CountedControl counted_;
   std::shared_ptr<Control> control_;

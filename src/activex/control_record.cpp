@@ -7,10 +7,10 @@
 namespace quillspeech::activex {
 
 HRESULT ControlRecord::Initialise() {
-  return Guarded([&] {
+  return Guarded_By_Number([&] {
     const auto control = access_.Living();
     if (!control) return RPC_E_DISCONNECTED;
-    if (has_begun_) return CO_E_ALREADYINITIALIZED;
+    if (has_begun_) return E_UNEXPECTED;
     has_begun_ = true;
     is_dirty_ = true;  // nothing of it is kept yet
     UserControl_InitProperties(*control);
@@ -19,7 +19,7 @@ HRESULT ControlRecord::Initialise() {
 }
 
 HRESULT ControlRecord::Load(PropertyBag& bag) {
-  return Guarded([&] {
+  return Guarded_By_Number([&] {
     const auto control = access_.Living();
     if (!control) return RPC_E_DISCONNECTED;
     has_begun_ = true;
@@ -30,7 +30,7 @@ HRESULT ControlRecord::Load(PropertyBag& bag) {
 }
 
 HRESULT ControlRecord::Save(PropertyBag& bag) {
-  return Guarded([&] {
+  return Guarded_By_Number([&] {
     const auto control = access_.Living();
     if (!control) return RPC_E_DISCONNECTED;
     UserControl_WriteProperties(*control, bag);
@@ -40,7 +40,7 @@ HRESULT ControlRecord::Save(PropertyBag& bag) {
 
 // A save would bring the processing level in line with its text, so this only measures.
 HRESULT ControlRecord::Most_Bytes(std::uint64_t& bytes) {
-  return Guarded([&] {
+  return Guarded_By_Number([&] {
     const auto control = access_.Living();
     if (!control) return RPC_E_DISCONNECTED;
     StoredRecord all;

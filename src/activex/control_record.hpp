@@ -9,14 +9,16 @@
 
 namespace quillspeech::activex {
 
-// A control that has ended answers RPC_E_DISCONNECTED. Run-time failures are told (errors.hpp).
+// A control that has ended answers RPC_E_DISCONNECTED. A run-time failure is the code of its number
+// (errors.hpp), without an error object.
 class ControlRecord {
  public:
   ControlRecord(ControlAccess& access, ChangeNotices& notices)
       : access_(access), notices_(notices) {}
 
-  // A new control, once: CO_E_ALREADYINITIALIZED afterwards.
+  // A new control, once: E_UNEXPECTED afterwards.
   HRESULT Initialise();
+  bool Has_Begun() const { return has_begun_; }  // initialised or loaded
   HRESULT Load(PropertyBag& bag);
   HRESULT Save(PropertyBag& bag);
   // The most bytes that a save into a stream takes now.
@@ -33,7 +35,7 @@ class ControlRecord {
   ControlAccess& access_;
   ChangeNotices& notices_;
   bool is_dirty_ = false;
-  bool has_begun_ = false;  // initialised or loaded
+  bool has_begun_ = false;
 };
 
 // The class of the control, as IPersist gives it.

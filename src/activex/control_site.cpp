@@ -23,7 +23,9 @@ bool ControlSite::Ambient(DISPID ambient, VARTYPE type, VARIANT& value) const {
   DISPPARAMS nothing = {};
   const HRESULT asked = ambients->Invoke(ambient, IID_NULL, LOCALE_USER_DEFAULT,
                                          DISPATCH_PROPERTYGET, &nothing, &value, nullptr, nullptr);
-  return SUCCEEDED(asked) && SUCCEEDED(VariantChangeType(&value, &value, 0, type));
+  // Some answer every property that they do not have with success and nothing.
+  if (FAILED(asked) || value.vt == VT_EMPTY) return false;
+  return SUCCEEDED(VariantChangeType(&value, &value, 0, type));
 }
 
 bool ControlSite::User_Mode() const {

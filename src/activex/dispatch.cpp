@@ -83,7 +83,7 @@ HRESULT With_Error_Object(HRESULT code) {
 template <class Action>
 HRESULT Dispatch::With_Control(Action&& action) {
   const ComPtr<IUnknown> kept(&whole_);
-  return Guarded([&] {
+  return Guarded_By_Number([&] {
     const auto control = access_.Living();
     return control ? action(*control) : RPC_E_DISCONNECTED;
   });
@@ -151,7 +151,7 @@ HRESULT Dispatch::Invoke_Let(const Member& member, const DISPPARAMS& arguments,
   if (Is_Missing(argument)) return Blame_Argument(DISP_E_PARAMNOTOPTIONAL, bad_argument);
   return With_Control([&](Control& control) {
     MemberValue value;
-    const HRESULT converted = Guarded([&] {
+    const HRESULT converted = Guarded_By_Number([&] {
       value = Value_Of(argument, member.type);
       return S_OK;
     });

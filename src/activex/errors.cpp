@@ -26,12 +26,12 @@ void Leave_Error_Object(int number) {
 
 }  // namespace
 
-// Without memory for the words the code has to do.
+// Without memory for the words the code has to do, and not those of an older failure.
 HRESULT Tell_Failure(int number) noexcept {
+  ::SetErrorInfo(0, nullptr);
   try {
     Leave_Error_Object(number);
   } catch (...) {
-    ::SetErrorInfo(0, nullptr);
   }
   return Code_Of(number);
 }

@@ -22,10 +22,27 @@ HRESULT Tell_Failure(int number) noexcept;
 // The same for a caller of IDispatch::Invoke, who may have no room for it. Gives DISP_E_EXCEPTION.
 HRESULT Tell_Exception(HRESULT code, EXCEPINFO* exception) noexcept;
 
-// Runs what a host has called. No exception gets out, and a run-time failure is its code; lack of
-// memory is failure 7, and anything else 5. It tells no more than the code.
+// Of what has failed with that number: E_OUTOFMEMORY for lack of memory, E_UNEXPECTED otherwise.
+constexpr HRESULT System_Code_Of(int number) {
+  return number == static_cast<int>(Failure::Out_Of_Memory) ? E_OUTOFMEMORY : E_UNEXPECTED;
+}
+
+// Runs what a container or the system has called. No exception gets out; it is a code as the system
+// has them. It tells no more than the code.
 template <class Call>
 HRESULT Guarded(Call&& call) noexcept {
+  try {
+    return call();
+  } catch (...) {
+    return System_Code_Of(Current_Failure_Number());
+  }
+}
+
+// Runs what uses members or loads and saves them, for hosts that know failures by their numbers: a
+// run-time failure is the code of its number, lack of memory that of 7, and anything else that
+// of 5.
+template <class Call>
+HRESULT Guarded_By_Number(Call&& call) noexcept {
   try {
     return call();
   } catch (...) {

@@ -1,6 +1,7 @@
 #include "activex/events.hpp"
 
 #include <algorithm>
+#include <utility>
 
 #include "activex/member_ids.hpp"
 #include "activex/variants.hpp"
@@ -24,18 +25,8 @@ void Call_Handler(IDispatch& sink, const ControlEvent& event) {
   ::VariantClear(&argument);
 }
 
-class Telling {
- public:
-  Telling(std::vector<DISPID>& being_told, DISPID id) : being_told_(being_told) {
-    being_told_.push_back(id);
-  }
-  ~Telling() { being_told_.pop_back(); }
-  Telling(const Telling&) = delete;
-  Telling& operator=(const Telling&) = delete;
-
- private:
-  std::vector<DISPID>& being_told_;
-};
+// The result members whose gets announce them, Voice_Word without a name. Nothing else does.
+bool Is_Told_By_Gets(std::string_view name) { return name.empty() || name == "Platinum_Words"; }
 
 }  // namespace
 
@@ -53,12 +44,34 @@ void EventSender::Freeze(bool freeze) {
   }
 }
 
+class EventSender::Telling {
+ public:
+  Telling(std::vector<Round>& rounds, DISPID id) : rounds_(rounds) {
+    rounds_.push_back({id, true});
+  }
+  ~Telling() { rounds_.pop_back(); }
+  Telling(const Telling&) = delete;
+  Telling& operator=(const Telling&) = delete;
+
+  // Whether there is something to tell that was not told.
+  bool Has_Changed() { return std::exchange(rounds_.back().has_changed, false); }
+
+ private:
+  std::vector<Round>& rounds_;  // this one's is the last whenever it is asked
+};
+
 void EventSender::Tell_Changed(std::string_view name) {
   const DISPID id = Id_Of_Member(name);
-  if (std::ranges::find(being_told_, id) != being_told_.end()) return;
-  const Telling telling(being_told_, id);
-  points_.property_changes.For_Each_Sink<IPropertyNotifySink>(
-      [&](IPropertyNotifySink& sink) { sink.OnChanged(id); });
+  const auto under_way = std::ranges::find(rounds_, id, &Round::id);
+  if (under_way != rounds_.end()) {
+    if (!Is_Told_By_Gets(name)) under_way->has_changed = true;
+    return;
+  }
+  Telling telling(rounds_, id);
+  for (int left = Most_Rounds; left > 0 && telling.Has_Changed(); --left) {
+    points_.property_changes.For_Each_Sink<IPropertyNotifySink>(
+        [&](IPropertyNotifySink& sink) { sink.OnChanged(id); });
+  }
 }
 
 }  // namespace quillspeech::activex

@@ -21,14 +21,23 @@ class EventSender {
   void Freeze(bool freeze);
 
   // IPropertyNotifySink::OnChanged with the id of the member of that name, DISPID_UNKNOWN for the
-  // empty name; frozen or not. No member asks before it changes (OnRequestEdit). A get that a sink
-  // makes in there may announce the same change: what is being told is not told anew.
+  // empty name; frozen or not. No member asks before it changes (OnRequestEdit). What a sink
+  // changes anew while it is being told is told to all once more, when they have heard of it, and
+  // so on for Most_Rounds rounds; but what a get announces that a sink makes in there is nothing
+  // new.
   void Tell_Changed(std::string_view name);
+  static constexpr int Most_Rounds = 10;  // a sink might answer each change by another one
 
  private:
+  struct Round {
+    DISPID id;
+    bool has_changed;
+  };
+  class Telling;
+
   ConnectionPoints& points_;
   int freezes_ = 0;
-  std::vector<DISPID> being_told_;
+  std::vector<Round> rounds_;  // of the changes that are being told
 };
 
 }  // namespace quillspeech::activex

@@ -2,6 +2,7 @@
 
 #include "activex/scoped_variant.hpp"
 #include "activex/variants.hpp"
+#include "base/run_time_failure.hpp"
 #include "platform/windows/text.hpp"
 
 namespace quillspeech::activex {
@@ -21,6 +22,7 @@ struct Exception : EXCEPINFO {
   HRESULT Told() {
     if (pfnDeferredFillIn) pfnDeferredFillIn(this);
     const HRESULT code = FAILED(scode) ? scode : E_FAIL;
+    SetErrorInfo(0, nullptr);  // the member's record of it counts
     ComPtr<ICreateErrorInfo> error;
     if (FAILED(CreateErrorInfo(error.Receive()))) return code;
     error->SetSource(bstrSource);
@@ -56,7 +58,11 @@ std::string LateBoundMembers::Get(std::string_view member) {
   DISPPARAMS nothing = {};
   ScopedVariant value;
   Invoke(member, DISPATCH_PROPERTYGET, nothing, &value);
-  return std::get<std::string>(Value_Of(value, MemberType::Text));
+  try {
+    return std::get<std::string>(Value_Of(value, MemberType::Text));
+  } catch (const RunTimeFailure& failure) {
+    End_With(failure.What() == Failure::Out_Of_Memory ? E_OUTOFMEMORY : DISP_E_TYPEMISMATCH);
+  }
 }
 
 void LateBoundMembers::Let(std::string_view member, std::string_view text) {

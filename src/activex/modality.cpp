@@ -47,6 +47,7 @@ ContainedBoxes::ContainedBoxes(const Activations& activations, const windows::Fo
 std::shared_ptr<const void> Begin_Modal_Time(const Activations& activations) {
   struct Used {
     explicit Used(const Activations& all) : time(all) {}
+    CountedObject file;
     CountedControl session;
     ModalTime time;
   };

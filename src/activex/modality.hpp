@@ -43,8 +43,8 @@ class ModalTime {
   const std::vector<ComPtr<IOleInPlaceFrame>> frames_;
 };
 
-// The same for whoever waits in a window of ours: the session stays on its thread, too, until what
-// this gives is let go.
+// The same for whoever waits in a window of ours, until what this gives is let go. The session stays
+// on its thread meanwhile, and the file in memory: no control need be left behind the window.
 std::shared_ptr<const void> Begin_Modal_Time(const Activations& activations);
 
 // Message boxes that lie before the window that a person works in: a modal one of ours, or else the

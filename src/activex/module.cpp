@@ -90,6 +90,7 @@ void Module::Platform::Stop_At_Once() {
 void Module::Platform::Rest() {
   wave_input.Close_Stream();
   if (cues.Is_Sounding()) cues.Purge();
+  wave_output.Cut();
   events.Rest();
 }
 
@@ -117,8 +118,18 @@ std::wstring Module::File_Name() const {
   }
 }
 
+void Module::Lock(bool on) noexcept {
+  const Exclusive exclusive(lock_);
+  if (on) {
+    ++locks_;
+  } else if (locks_ > 0) {
+    --locks_;
+  }
+}
+
 bool Module::Can_Unload() const noexcept {
-  if (objects_ != 0) return false;
+  const Exclusive exclusive(lock_);
+  if (objects_ != 0 || locks_ != 0) return false;
   if (!platform_) return true;
   const bool is_its_own = ::GetCurrentThreadId() == thread_ || Has_Thread_Ended();
   return is_its_own && platform_->events.Depth() == 0;
@@ -137,30 +148,50 @@ void Module::Take_Thread() {
   thread_ = ::GetCurrentThreadId();
 }
 
-HRESULT Module::Enter_Thread() {
+// All under one hold of the lock: a session that still rests is anybody's.
+HRESULT Module::Enter_Thread(unsigned& generation) noexcept {
   return Guarded([&] {
     const Exclusive exclusive(lock_);
     if (!platform_) {
       Take_Thread();
       platform_ = std::make_unique<Platform>();
     } else if (::GetCurrentThreadId() != thread_) {
-      const bool has_ended = Has_Thread_Ended();
-      if (!has_ended && !platform_->events.Is_Resting()) return RPC_E_WRONG_THREAD;
-      if (has_ended) controls_ = 0;
-      platform_->events.Move_To_This_Thread();
-      Take_Thread();
+      if (!Has_Thread_Ended() && !platform_->events.Is_Resting()) return RPC_E_WRONG_THREAD;
+      Come_To_This_Thread();
     }
+    Count_Control();
+    generation = generation_;
     return S_OK;
   });
 }
 
-void Module::Add_Control() noexcept {
+void Module::Come_To_This_Thread() {
+  const bool has_ended = Has_Thread_Ended();
+  platform_->events.Move_To_This_Thread();
+  Take_Thread();
+  if (!has_ended) return;
+  controls_ = 0;
+  ++generation_;
+}
+
+void Module::Count_Control() noexcept {
   if (++controls_ == 1) platform_->events.Resume();
 }
 
-// One that its thread has left behind may still be let go of later.
-void Module::Remove_Control() noexcept {
-  if (controls_ > 0 && --controls_ == 0) platform_->Rest();
+unsigned Module::Add_Control() noexcept {
+  const Exclusive exclusive(lock_);
+  Count_Control();
+  return generation_;
+}
+
+// One that an ended thread has left behind may be let go of when others live. Whatever enters
+// meanwhile finds the session not at rest: its devices may let messages in while they close.
+void Module::Remove_Control(unsigned generation) noexcept {
+  {
+    const Exclusive exclusive(lock_);
+    if (generation != generation_ || --controls_ > 0) return;
+  }
+  platform_->Rest();
 }
 
 quillspeech::Session& Module::Session() { return platform_->session; }

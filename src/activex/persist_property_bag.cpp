@@ -18,12 +18,9 @@ class ContainerBag final : public PropertyBag {
   void WriteProperty(std::string_view key, const MemberValue& value,
                      const MemberValue& unless_kept) override;
 
-  // What came of a routine that used it. There are no words for a code of the container.
-  HRESULT Result(HRESULT of_routine) const {
-    if (SUCCEEDED(failure_)) return of_routine;
-    SetErrorInfo(0, nullptr);
-    return failure_;
-  }
+  // What came of a routine that used it. With an error object for the thread when the container's
+  // bag has left one.
+  HRESULT Result(HRESULT of_routine) const { return FAILED(failure_) ? failure_ : of_routine; }
 
  private:
   [[noreturn]] void End_With(HRESULT failure) {
@@ -40,6 +37,7 @@ class ContainerBag final : public PropertyBag {
 // As a text, whatever type it has: the record converts texts.
 MemberValue ContainerBag::ReadProperty(std::string_view key, const MemberValue& unless_kept) {
   ScopedVariant kept;
+  SetErrorInfo(0, nullptr);  // what is told afterwards is the bag's own
   const HRESULT read = bag_.Read(windows::Wide(key).c_str(), &kept, log_);
   if (read == E_INVALIDARG) return unless_kept;
   if (FAILED(read)) End_With(read);
@@ -51,6 +49,7 @@ void ContainerBag::WriteProperty(std::string_view key, const MemberValue& value,
   if (!save_all_ && value == unless_kept) return;
   ScopedVariant given;
   Give_Value(value, given);
+  SetErrorInfo(0, nullptr);
   const HRESULT written = bag_.Write(windows::Wide(key).c_str(), &given);
   if (FAILED(written)) End_With(written);
 }

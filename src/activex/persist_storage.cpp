@@ -13,7 +13,7 @@ constexpr wchar_t Stream_Name[] = L"Quillspeech";
 
 HRESULT PersistStorage::InitNew(IStorage* storage) {
   if (!storage) return E_POINTER;
-  if (state_ != State::No_Storage) return CO_E_ALREADYINITIALIZED;
+  if (state_ != State::No_Storage || record_.Has_Begun()) return CO_E_ALREADYINITIALIZED;
   const ComPtr<IUnknown> whole(&Whole());
   const HRESULT begun = record_.Initialise();
   if (SUCCEEDED(begun)) state_ = State::Normal;

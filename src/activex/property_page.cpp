@@ -1,6 +1,7 @@
 #include "activex/property_page.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cwchar>
 #include <string>
 #include <utility>
@@ -40,6 +41,18 @@ SIZE Common_Size() {
 
 windows::FormViews& Views() { return Module::Of_This_File().Views(); }
 
+// What leaves error objects.
+constexpr std::array<const IID*, 2> Telling_Interfaces = {&IID_IPropertyPage, &IID_IPropertyPage2};
+
+// What a method answers that calls no member: the words of an older failure are not those of this
+// one.
+template <class Call>
+HRESULT Answered(Call&& call) noexcept {
+  const HRESULT code = Guarded(std::forward<Call>(call));
+  if (FAILED(code)) SetErrorInfo(0, nullptr);
+  return code;
+}
+
 }  // namespace
 
 HRESULT Make_Property_Page(REFCLSID page, IUnknown* outer, REFIID iid, void** object) {
@@ -49,23 +62,22 @@ HRESULT Make_Property_Page(REFCLSID page, IUnknown* outer, REFIID iid, void** ob
     const PropertyPage* const found = Page_Of(page);
     if (!found) return CLASS_E_CLASSNOTAVAILABLE;
     if (outer && !IsEqualIID(iid, IID_IUnknown)) return CLASS_E_NOAGGREGATION;
-    const HRESULT entered = Module::Of_This_File().Enter_Thread();
-    if (FAILED(entered)) return entered;
+    const ThreadEntry entry;
+    if (FAILED(entry.Code())) return entry.Code();
     return Give_New(*new PropertyPageObject(outer, *found), outer, iid, object);
   });
 }
 
-// Its form is on the session's thread, as a control is.
 PropertyPageObject::PropertyPageObject(IUnknown* outer, const PropertyPage& page)
-    : AggregatedObject(outer), page_(Whole(), page) {
-  Module::Of_This_File().Add_Control();
-}
-
-PropertyPageObject::~PropertyPageObject() { Module::Of_This_File().Remove_Control(); }
+    : AggregatedObject(outer),
+      page_(Whole(), page),
+      dispatch_(Whole(), activex::Interface_Of(page)),
+      support_error_info_(Whole(), Telling_Interfaces) {}
 
 IUnknown* PropertyPageObject::Interface_Of(REFIID iid) {
-  const bool is_page = IsEqualIID(iid, IID_IPropertyPage) || IsEqualIID(iid, IID_IPropertyPage2);
-  return is_page ? &page_ : nullptr;
+  if (IsEqualIID(iid, IID_IPropertyPage) || IsEqualIID(iid, IID_IPropertyPage2)) return &page_;
+  if (IsEqualIID(iid, IID_IDispatch) || IsEqualIID(iid, dispatch_.Id())) return &dispatch_;
+  return IsEqualIID(iid, IID_ISupportErrorInfo) ? &support_error_info_ : nullptr;
 }
 
 PropertyPageObject::Page::Page(IUnknown& whole, const PropertyPage& page)
@@ -82,16 +94,20 @@ void PropertyPageObject::Page::Tell_Status() {
 }
 
 HRESULT PropertyPageObject::Page::SetPageSite(IPropertyPageSite* site) {
-  if (site && site_) return E_UNEXPECTED;
-  site_ = ComPtr<IPropertyPageSite>(site);
-  return S_OK;
+  return Answered([&]() -> HRESULT {
+    if (site && site_) return E_UNEXPECTED;
+    site_ = ComPtr<IPropertyPageSite>(site);
+    return S_OK;
+  });
 }
 
+// The words are those of a member that has failed, if any did.
 HRESULT PropertyPageObject::Page::With_Members(void (PageForm::*procedure)(MemberSource&)) {
   const ComPtr<IUnknown> whole(&Whole());
   const bool was_changed = form_.Is_Changed();
   LateBoundMembers members(object_);
-  const HRESULT result = members.Result(Guarded([&] {  // the words are the member's own
+  SetErrorInfo(0, nullptr);
+  const HRESULT result = members.Result(Guarded([&] {
     (form_.*procedure)(members);
     return S_OK;
   }));
@@ -99,46 +115,60 @@ HRESULT PropertyPageObject::Page::With_Members(void (PageForm::*procedure)(Membe
   return result;
 }
 
+// A member may call back and give the page another object.
+HRESULT PropertyPageObject::Page::Read() {
+  const ComPtr<IUnknown> whole(&Whole());
+  const auto object = object_;
+  is_read_ = false;
+  const HRESULT read = With_Members(&PageForm::PropertyPage_SelectionChanged);
+  is_read_ = SUCCEEDED(read) && object_.Get() == object.Get();
+  return read;
+}
+
 // Objects that cannot be reached by name are none for it.
 HRESULT PropertyPageObject::Page::SetObjects(ULONG count, IUnknown** objects) {
-  if (count > 0 && !objects) return E_POINTER;
-  object_ = nullptr;
-  if (count == 0) return S_OK;
-  object_ = ComPtr<IUnknown>(objects[0]).As<IDispatch>();
-  if (!object_) return E_NOINTERFACE;
-  return is_active_ ? With_Members(&PageForm::PropertyPage_SelectionChanged) : S_OK;
+  const HRESULT taken = Answered([&]() -> HRESULT {
+    if (count > 0 && !objects) return E_POINTER;
+    is_read_ = false;
+    object_ = nullptr;
+    if (count == 0) return S_OK;
+    object_ = ComPtr<IUnknown>(objects[0]).As<IDispatch>();
+    return object_ ? S_OK : E_NOINTERFACE;
+  });
+  return SUCCEEDED(taken) && object_ && is_active_ ? Read() : taken;
 }
 
 HRESULT PropertyPageObject::Page::Activate(HWND parent, LPCRECT place, BOOL) {
-  if (!place) return E_POINTER;
-  if (is_active_ || !object_) return E_UNEXPECTED;
-  return Guarded([&]() -> HRESULT {
-    const ComPtr<IUnknown> whole(&Whole());
+  const ComPtr<IUnknown> whole(&Whole());
+  const HRESULT opened = Answered([&]() -> HRESULT {
+    if (!place) return E_POINTER;
+    if (is_active_ || !object_) return E_UNEXPECTED;
     Views().Make_Child(form_.View(), reinterpret_cast<std::intptr_t>(parent),
                        windows::Child_Place_Of(*place), ChildMode::Live);
     is_active_ = true;
-    const HRESULT shown = With_Members(&PageForm::PropertyPage_SelectionChanged);
-    if (FAILED(shown)) Close();
-    return shown;
+    return S_OK;
   });
+  if (FAILED(opened)) return opened;
+  const HRESULT read = Read();
+  if (FAILED(read)) Close();
+  return read;
 }
 
-void PropertyPageObject::Page::Close() {
-  if (std::exchange(is_active_, false)) form_.View().Unload();
-}
-
-HRESULT PropertyPageObject::Page::Deactivate() {
-  if (!is_active_) return E_UNEXPECTED;
+HRESULT PropertyPageObject::Page::Close() {
   return Guarded([&] {
-    Close();
+    if (std::exchange(is_active_, false)) form_.View().Unload();
     return S_OK;
   });
 }
 
+HRESULT PropertyPageObject::Page::Deactivate() {
+  return Answered([&] { return is_active_ ? Close() : E_UNEXPECTED; });
+}
+
 // The size of the whole structure is what a frame may leave undefined.
 HRESULT PropertyPageObject::Page::GetPageInfo(PROPPAGEINFO* information) {
-  if (!information) return E_POINTER;
-  return Guarded([&]() -> HRESULT {
+  return Answered([&]() -> HRESULT {
+    if (!information) return E_POINTER;
     information->pszTitle = Given_String(form_.Page().caption);
     information->size = Common_Size();
     information->pszDocString = nullptr;
@@ -149,9 +179,9 @@ HRESULT PropertyPageObject::Page::GetPageInfo(PROPPAGEINFO* information) {
 }
 
 HRESULT PropertyPageObject::Page::Show(UINT command) {
-  if (!is_active_) return E_UNEXPECTED;
-  if (command != SW_SHOW && command != SW_SHOWNORMAL && command != SW_HIDE) return E_INVALIDARG;
-  return Guarded([&] {
+  return Answered([&]() -> HRESULT {
+    if (!is_active_) return E_UNEXPECTED;
+    if (command != SW_SHOW && command != SW_SHOWNORMAL && command != SW_HIDE) return E_INVALIDARG;
     if (command == SW_HIDE) {
       Views().Hide(form_.View());
     } else {
@@ -162,30 +192,33 @@ HRESULT PropertyPageObject::Page::Show(UINT command) {
 }
 
 HRESULT PropertyPageObject::Page::Move(LPCRECT place) {
-  if (!place) return E_POINTER;
-  if (!is_active_) return E_UNEXPECTED;
-  return Guarded([&] {
+  return Answered([&]() -> HRESULT {
+    if (!place) return E_POINTER;
+    if (!is_active_) return E_UNEXPECTED;
     Views().Move_Child(form_.View(), windows::Child_Place_Of(*place));
     return S_OK;
   });
 }
 
 HRESULT PropertyPageObject::Page::Apply() {
-  if (!object_) return E_UNEXPECTED;
-  return With_Members(&PageForm::PropertyPage_ApplyChanges);
+  if (is_read_) return With_Members(&PageForm::PropertyPage_ApplyChanges);
+  return Answered([&]() -> HRESULT {
+    return !object_ || is_active_ || form_.Is_Changed() ? E_UNEXPECTED : S_OK;
+  });
 }
 
 HRESULT PropertyPageObject::Page::Help(LPCOLESTR) {
-  return Guarded([&] {
+  return Answered([&]() -> HRESULT {
+    if (!form_.Page().has_help) return E_NOTIMPL;
     Show_Help_File(Module::Of_This_File().Session(), Window());
     return S_OK;
   });
 }
 
 HRESULT PropertyPageObject::Page::TranslateAccelerator(MSG* message) {
-  if (!message) return E_POINTER;
-  if (!is_active_) return S_FALSE;
-  return Guarded([&]() -> HRESULT {
+  return Answered([&]() -> HRESULT {
+    if (!message) return E_POINTER;
+    if (!is_active_) return S_FALSE;
     const ComPtr<IUnknown> whole(&Whole());
     if (Views().Translate(form_.View(), *message)) return S_OK;
     const auto site = site_;
@@ -193,13 +226,13 @@ HRESULT PropertyPageObject::Page::TranslateAccelerator(MSG* message) {
   });
 }
 
-// The id is that of a member.
+// Also one whose box is bound to nothing.
 HRESULT PropertyPageObject::Page::EditProperty(DISPID property) {
-  return Guarded([&]() -> HRESULT {
-    for (const std::string_view name : Bound_Members(form_.Page())) {
-      const Member* const member = Find_Member(name, Access::Get);
+  return Answered([&]() -> HRESULT {
+    for (const PageBox& box : form_.Page().boxes) {
+      const Member* const member = Find_Member(box.name, Access::Get);
       if (!member || member->id != property) continue;
-      form_.View().Set_Focus("txt" + std::string(name));
+      form_.View().Set_Focus("txt" + std::string(box.name));
       return S_OK;
     }
     return E_INVALIDARG;

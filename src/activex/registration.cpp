@@ -1,5 +1,8 @@
 #include "activex/registration.hpp"
 
+// After the headers of COM.
+#include <comcat.h>
+
 #include <array>
 #include <cstddef>
 
@@ -24,26 +27,17 @@ static_assert(Misc_Status == 131473);
 
 // Not among them: safe for scripting, safe for initialising. The control opens files and
 // microphones.
-constexpr std::array Categories = {
-    L"{40FC6ED4-2438-11CF-A3DB-080036F12502}",  // controls
-    L"{40FC6ED5-2438-11CF-A3DB-080036F12502}",  // programmable
-    L"{0DE86A53-2BAA-11CF-A229-00AA003D7352}",  // persists to a stream that it can initialise
-    L"{0DE86A57-2BAA-11CF-A229-00AA003D7352}",  // persists to a property bag
-};
+constexpr std::array<CATID, 4> Categories = {{
+    {0x40FC6ED4, 0x2438, 0x11CF, {0xA3, 0xDB, 0x08, 0x00, 0x36, 0xF1, 0x25, 0x02}},  // controls
+    {0x40FC6ED5, 0x2438, 0x11CF, {0xA3, 0xDB, 0x08, 0x00, 0x36, 0xF1, 0x25, 0x02}},  // programmable
+    // persist to a stream that they can initialise
+    {0x0DE86A53, 0x2BAA, 0x11CF, {0xA2, 0x29, 0x00, 0xAA, 0x00, 0x3D, 0x73, 0x52}},
+    // persist to a property bag
+    {0x0DE86A57, 0x2BAA, 0x11CF, {0xA2, 0x29, 0x00, 0xAA, 0x00, 0x3D, 0x73, 0x52}},
+}};
 
 // The library registers its interfaces too.
-constexpr std::array Interfaces = {
-    &IID__Quillspeech,
-    &DIID___Quillspeech,
-    &DIID__StartingKeys,
-    &DIID__InterestingSettings,
-    &DIID__WindowsTechnicalSettings,
-    &DIID__LanguageDepartment,
-    &DIID__WaveAudioDepartment,
-    &DIID__ErrorDepartment,
-    &DIID__SoundCardSettings,
-    &DIID__EngineDepartment,
-};
+constexpr std::array Interfaces = {&IID__Quillspeech, &DIID___Quillspeech};
 
 std::wstring Text_Of(REFGUID guid) {
   std::array<wchar_t, 39> text{};
@@ -83,8 +77,8 @@ void Add_Control(Rows& rows, std::wstring_view file) {
   // Behind the name: a menu item as any other, and one for the container's menu.
   add(L"\\Verb\\0", L"&Edit,0,2");
   add(L"\\Verb\\1", L"&Properties,0,2");
-  for (const wchar_t* const category : Categories) {
-    rows.push_back({key + L"\\Implemented Categories\\" + category, L"", L""});
+  for (const CATID& category : Categories) {
+    rows.push_back({key + L"\\Implemented Categories\\" + Text_Of(category), L"", L""});
   }
 }
 
@@ -131,6 +125,17 @@ class Classes {
   bool Remove(const std::wstring& key) const {
     const LONG removed = ::RegDeleteTreeW(key_, key.c_str());
     return removed == ERROR_SUCCESS || removed == ERROR_FILE_NOT_FOUND;
+  }
+  // A key that others use stays.
+  void Remove_If_Empty(const std::wstring& key) const {
+    HKEY found = nullptr;
+    if (::RegOpenKeyExW(key_, key.c_str(), 0, KEY_READ, &found) != ERROR_SUCCESS) return;
+    DWORD keys = 0;
+    DWORD values = 0;
+    const LONG asked = ::RegQueryInfoKeyW(found, nullptr, nullptr, nullptr, &keys, nullptr, nullptr,
+                                          &values, nullptr, nullptr, nullptr, nullptr);
+    ::RegCloseKey(found);
+    if (asked == ERROR_SUCCESS && keys == 0 && values == 0) ::RegDeleteKeyW(key_, key.c_str());
   }
   bool Has(const std::wstring& key) const {
     HKEY found = nullptr;
@@ -180,11 +185,13 @@ HRESULT Unregister_Type_Library(RegistrationScope scope, const Classes& classes)
       unregister(LIBID_QuillspeechX, Version_Major, Version_Minor, LOCALE_NEUTRAL, SYS_WIN32);
   const std::wstring library = L"TypeLib\\" + Text_Of(LIBID_QuillspeechX) + L"\\" + Version;
   bool is_clean = SUCCEEDED(removed) || !classes.Has(library);
-  for (const IID* const iid : Interfaces) {
-    const std::wstring key = L"Interface\\" + Text_Of(*iid);
-    if (classes.Text_At(key + L"\\TypeLib") != Text_Of(LIBID_QuillspeechX)) continue;
+  const auto remove = [&](REFIID iid) {
+    const std::wstring key = L"Interface\\" + Text_Of(iid);
+    if (classes.Text_At(key + L"\\TypeLib") != Text_Of(LIBID_QuillspeechX)) return;
     is_clean = classes.Remove(key) && is_clean;
-  }
+  };
+  for (const IID* const iid : Interfaces) remove(*iid);
+  for (const IID& page : Page_Interfaces) remove(page);
   return is_clean ? S_OK : SELFREG_E_TYPELIB;
 }
 
@@ -195,13 +202,28 @@ bool Remove_Classes(const Classes& classes) {
   for (const CLSID& page : Page_Classes) {
     is_clean = classes.Remove(Class_Key(page)) && is_clean;
   }
+  classes.Remove_If_Empty(L"CLSID");  // a user may have no other class
   return is_clean;
+}
+
+// The system's manager of categories keeps lists of its own, of what is there for everybody. The
+// rows stand also where it cannot be reached, or writes among the classes of one user who has the
+// control already.
+void Tell_Category_Manager() {
+  ComPtr<ICatRegister> manager;
+  if (FAILED(::CoCreateInstance(CLSID_StdComponentCategoriesMgr, nullptr, CLSCTX_INPROC_SERVER,
+                                IID_ICatRegister, manager.Receive_Void()))) {
+    return;
+  }
+  auto categories = Categories;  // the call takes a pointer to what it could change
+  manager->RegisterClassImplCategories(CLSID_Quillspeech, categories.size(), categories.data());
 }
 
 HRESULT Write_All(RegistrationScope scope, const Classes& classes) {
   for (const RegistryRow& row : Registry_Rows(Module::Of_This_File().File_Name())) {
     if (!classes.Write(row)) return SELFREG_E_CLASS;
   }
+  if (scope == RegistrationScope::Machine) Tell_Category_Manager();
   return Register_Type_Library(scope);
 }
 

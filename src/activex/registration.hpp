@@ -21,10 +21,12 @@ struct RegistryRow {
 };
 std::vector<RegistryRow> Registry_Rows(std::wstring_view file);
 
-// Writes the rows and registers the type library; a registration that fails takes itself back.
-// SELFREG_E_CLASS or SELFREG_E_TYPELIB when it cannot.
+// Writes the rows, registers the type library and, for everybody, tells the system's manager of
+// categories. SELFREG_E_CLASS or SELFREG_E_TYPELIB when it cannot; then it leaves nothing of the
+// control in that scope, also of an earlier registration, which it has written over.
 HRESULT Register(RegistrationScope scope);
-// Removes what Register wrote, and nothing else. What is not there is removed already.
+// Removes what Register wrote, and nothing else but the folder of the classes if it is empty then.
+// What is not there is removed already.
 HRESULT Unregister(RegistrationScope scope);
 
 }  // namespace quillspeech::activex

@@ -1,5 +1,7 @@
-// ISupportErrorInfo: the vtable of _Quillspeech leaves an IErrorInfo for each failure.
+// ISupportErrorInfo: which interfaces leave an IErrorInfo where there are words for a failure.
 #pragma once
+
+#include <span>
 
 #include "activex/com.hpp"
 
@@ -7,9 +9,14 @@ namespace quillspeech::activex {
 
 class SupportErrorInfo final : public PartOf<ISupportErrorInfo> {
  public:
-  using PartOf::PartOf;
+  // The ids outlive it.
+  SupportErrorInfo(IUnknown& whole, std::span<const IID* const> interfaces)
+      : PartOf(whole), interfaces_(interfaces) {}
 
   HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override;
+
+ private:
+  const std::span<const IID* const> interfaces_;
 };
 
 }  // namespace quillspeech::activex

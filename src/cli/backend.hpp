@@ -4,7 +4,6 @@
 #ifdef _WIN32
 #include "cli/windows/files_by_name.hpp"
 #include "platform/windows/event_loop.hpp"
-#include "platform/windows/sound_cues.hpp"
 #include "platform/windows/sound_devices.hpp"
 #else
 #include "platform/linux/data_file.hpp"
@@ -18,7 +17,6 @@ namespace quillspeech::cli::backend {
 
 #ifdef _WIN32
 using windows::EventLoop;
-using windows::SoundCues;
 using windows::SoundDevice;
 #else
 using linux::DataFileStore;

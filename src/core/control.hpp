@@ -26,7 +26,9 @@ class Container {
   virtual void Property_Changed(std::string_view name) = 0;
   virtual void Face_Changed(const Face& face) = 0;  // only when it did
   // A tick of the event pump was ended by a failure, mostly one of the host's own handler. Code
-  // that has yielded to that tick goes on all the same. Not to fail itself.
+  // that has yielded to that tick goes on all the same. Not to fail itself. A container may leave
+  // it: a handler's failure is the host's own to tell, and what is left, lack of memory mostly,
+  // would come back every 50 ms.
   virtual void Pump_Failed(int /*number*/) {}
 
   // The window around the face. A container without one leaves these.

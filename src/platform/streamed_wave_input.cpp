@@ -62,8 +62,10 @@ WaveResult StreamedWaveInput::Start(WaveHandle handle) {
   return Wave_Ok;
 }
 
+// What came since the last look was recorded before the stop.
 WaveResult StreamedWaveInput::Stop(WaveHandle handle) {
   if (const WaveResult wrong = line_.Check(handle)) return wrong;
+  if (Is_Recording()) Take_Sound();
   is_started_ = false;
   return Wave_Ok;
 }

@@ -11,10 +11,10 @@
 
 namespace quillspeech {
 
-// What has come is copied into the headers when the loop serves it, so nothing is written into a
-// header's buffer between yields. A capture opens and closes its device every few seconds, and the
-// first sound of one that was just opened may take longer than a word; so the stream runs on for
-// three seconds after it was closed, and what it brings is dropped.
+// What has come is copied into the headers when the loop serves it and when it is stopped, so
+// nothing is written into a header's buffer between yields. A capture opens and closes its device
+// every few seconds, and the first sound of one that was just opened may take longer than a word;
+// so the stream runs on for three seconds after it was closed, and what it brings is dropped.
 class StreamedWaveInput : public WaveInput, public EventSource {
  public:
   StreamedWaveInput(TimedLoop& loop, std::unique_ptr<RecordingStream> stream);

@@ -139,13 +139,15 @@ void TimedLoop::Wait_For_Events() {
 
 // A sleep that ends early, since something is due, goes on after that.
 void TimedLoop::Pass(Time least) {
+  constexpr Time Between_Passes{50};
   constexpr Time Shortest_Sleep{1'000};  // below it a machine's own sleep takes longer than asked
   const Nesting nesting(*this);
   const Time now = Now();
-  const Time until = Start_Of_Pass(now) + least;
+  const bool goes_on = now - pass_ended_ <= Between_Passes;  // the same wait
+  const Time until = Start_Of_Pass(now, goes_on) + least;
   passes_until_ = until;
   const auto yield = [&] {
-    On_Pass();
+    goes_on ? On_Pass() : On_Yield();
     Run_What_Is_Due();
   };
   if (until - now < Shortest_Sleep) {
@@ -160,12 +162,9 @@ void TimedLoop::Pass(Time least) {
   pass_ended_ = Now();
 }
 
-// A sleep that took longer than it was to take is made up for by the passes of the same wait, which
-// follow each other at once.
-EventLoop::Time TimedLoop::Start_Of_Pass(Time now) const {
-  constexpr Time Between_Passes{50};
+// A sleep that took longer than it was to take is made up for by the passes of the same wait.
+EventLoop::Time TimedLoop::Start_Of_Pass(Time now, bool goes_on) const {
   constexpr Time Most_Made_Up{20'000};
-  const bool goes_on = now - pass_ended_ <= Between_Passes;
   if (goes_on && now - passes_until_ <= Most_Made_Up) return passes_until_;
   return std::max(passes_until_, now);
 }

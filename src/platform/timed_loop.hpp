@@ -54,7 +54,8 @@ class TimedLoop : public EventLoop {
   virtual void Sleep_Until(std::optional<Time> moment) = 0;
   // Called at the head of each yield, but not when a wait ends.
   virtual void On_Yield() {}
-  // Called in its place where the yield is a pass, of which there may be thousands a second.
+  // Called in its place where the yield is a pass that follows another at once: there may be
+  // thousands a second.
   virtual void On_Pass() { On_Yield(); }
   // Called when a timer or a source may have become due earlier than before: also ahead of each
   // tick, which may hold the loop for long, and behind each run of what was due.
@@ -75,7 +76,7 @@ class TimedLoop : public EventLoop {
   class Nesting;
 
   void Run_What_Is_Due();
-  Time Start_Of_Pass(Time now) const;
+  Time Start_Of_Pass(Time now, bool goes_on) const;
   void Serve_Sources();
   void Run_Due_Timers();
   void Forget_Ended_Timers();

@@ -23,8 +23,9 @@ inline constexpr std::uint32_t Header_Done = 1;
 inline constexpr std::uint32_t Header_Prepared = 2;
 inline constexpr std::uint32_t Header_In_Queue = 16;
 
-// A device reads and writes the buffer only at yields, on the thread of the loop, through `data` as
-// it stands at that moment: whoever makes the buffer anew points the header elsewhere first.
+// A device reads and writes the buffer only at yields and at a stop, on the thread of the loop,
+// through `data` as it stands at that moment: whoever makes the buffer anew points the header
+// elsewhere first.
 struct WaveHeader {
   std::uint8_t* data = nullptr;      // null: the device keeps its hands off
   std::uint32_t buffer_length = 0;   // bytes

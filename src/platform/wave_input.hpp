@@ -19,8 +19,10 @@ class WaveInput {
   // Puts the header into the queue: no longer done, nothing recorded.
   virtual WaveResult Add_Buffer(WaveHandle handle, WaveHeader& header) = 0;
   // From now on the buffer fills as time goes, and the header is done when it is full. Cells that
-  // are not reached yet stay as they are.
+  // are not reached yet stay as they are. A device that ran already may begin with what it heard up
+  // to a twentieth of a second before.
   virtual WaveResult Start(WaveHandle handle) = 0;
+  // What was heard until now is in the buffer, and nothing follows.
   virtual WaveResult Stop(WaveHandle handle) = 0;
   // Gives every header in the queue back, done.
   virtual WaveResult Reset(WaveHandle handle) = 0;

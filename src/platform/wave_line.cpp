@@ -5,7 +5,7 @@
 namespace quillspeech {
 
 WaveResult WaveLine::Open(WaveHandle& handle, const WaveFormat& format) {
-  if (!Is_Common_Format(format)) return Wave_Bad_Format;
+  if (format.average_bytes_per_second == 0) return Wave_Bad_Format;  // it tells no time
   if (open_ != 0) return Wave_Device_In_Use;
   format_ = format;
   handle = open_ = ++last_handle_;

@@ -20,6 +20,7 @@ class WaveLine {
   // Handles count up from the one behind `handle`.
   explicit WaveLine(WaveHandle handle) : last_handle_(handle) {}
 
+  // Which formats there are is for the device to say; one without a byte rate is none.
   WaveResult Open(WaveHandle& handle, const WaveFormat& format);
   WaveResult Check(WaveHandle handle) const;
   WaveResult Prepare(WaveHandle handle, WaveHeader& header) const;

@@ -44,17 +44,28 @@ TEST(Errors, A_failure_leaves_an_error_object_with_source_and_words) {
   EXPECT_EQ(told.words, L"Subscript out of range");
 }
 
-TEST(Errors, Whatever_is_thrown_becomes_a_code_and_tells_nothing) {
+TEST(Errors, To_hosts_that_know_numbers_whatever_is_thrown_is_one_and_tells_nothing) {
   ::SetErrorInfo(0, nullptr);
-  EXPECT_EQ(Guarded([]() -> HRESULT { Fail(Failure::Overflow); }), Code_Of(6));
-  EXPECT_EQ(Guarded([]() -> HRESULT { throw std::bad_alloc(); }), Code_Of(7));
-  EXPECT_EQ(Guarded([]() -> HRESULT { throw std::runtime_error("?"); }), Code_Of(5));
-  EXPECT_EQ(Guarded([]() -> HRESULT { throw 1; }), Code_Of(5));
+  EXPECT_EQ(Guarded_By_Number([]() -> HRESULT { Fail(Failure::Overflow); }), Code_Of(6));
+  EXPECT_EQ(Guarded_By_Number([]() -> HRESULT { throw std::bad_alloc(); }), Code_Of(7));
+  EXPECT_EQ(Guarded_By_Number([]() -> HRESULT { throw std::runtime_error("?"); }), Code_Of(5));
+  EXPECT_EQ(Guarded_By_Number([]() -> HRESULT { throw 1; }), Code_Of(5));
+  EXPECT_EQ(Error_Object().source, L"");
+}
+
+TEST(Errors, To_containers_whatever_is_thrown_is_lack_of_memory_or_unexpected) {
+  ::SetErrorInfo(0, nullptr);
+  EXPECT_EQ(Guarded([]() -> HRESULT { throw std::bad_alloc(); }), E_OUTOFMEMORY);
+  EXPECT_EQ(Guarded([]() -> HRESULT { Fail(Failure::Out_Of_Memory); }), E_OUTOFMEMORY);
+  EXPECT_EQ(Guarded([]() -> HRESULT { Fail(Failure::Overflow); }), E_UNEXPECTED);
+  EXPECT_EQ(Guarded([]() -> HRESULT { throw std::runtime_error("?"); }), E_UNEXPECTED);
+  EXPECT_EQ(Guarded([]() -> HRESULT { throw 1; }), E_UNEXPECTED);
   EXPECT_EQ(Error_Object().source, L"");
 }
 
 TEST(Errors, A_code_that_is_no_exception_passes_as_it_is) {
   EXPECT_EQ(Guarded([] { return E_NOTIMPL; }), E_NOTIMPL);
+  EXPECT_EQ(Guarded_By_Number([] { return E_NOTIMPL; }), E_NOTIMPL);
 }
 
 TEST(Errors, An_exception_record_has_the_code_and_no_number_of_its_own) {

@@ -214,5 +214,54 @@ TEST_F(EventsTest, What_is_being_told_is_not_told_anew_by_a_sink_that_reads_it) 
   EXPECT_EQ(sink.changed, (std::vector<DISPID>{0x68030045, 0x68030045, -514, 0x68030045}));
 }
 
+TEST_F(EventsTest, What_one_sink_changes_anew_is_told_to_all_once_more) {
+  NotingSink first(owner.points);
+  NotingSink second(owner.points);
+  Connect(first);
+  Connect(second);
+  host_program.At_Call = [&](std::string_view call) {
+    if (call == "Property_Changed") owner.events.Tell_Changed(host_program.changed.back());
+  };
+  std::vector<std::wstring> seen;  // by the first, which hears before the second acts
+  first.object.At_Changed = [&](DISPID) {
+    seen.push_back(std::to_wstring(session.settings.Noise_Sensitivity.Raw()));
+    return S_OK;
+  };
+  second.object.At_Changed = [&](DISPID id) {
+    second.changed.push_back(id);
+    if (second.changed.size() == 1) script.Let(L"Noise_Sensitivity", 7);
+    return S_OK;
+  };
+  script.Let(L"Noise_Sensitivity", 5);
+  EXPECT_EQ(seen, (std::vector<std::wstring>{L"5", L"7"}));
+  EXPECT_EQ(second.changed, (std::vector<DISPID>{0x6803003D, 0x6803003D}));
+}
+
+TEST_F(EventsTest, A_sink_that_answers_each_change_by_another_is_told_ten_times) {
+  NotingSink sink(owner.points);
+  Connect(sink);
+  sink.object.At_Changed = [&](DISPID id) {
+    sink.changed.push_back(id);
+    owner.events.Tell_Changed("Noise_Sensitivity");
+    return S_OK;
+  };
+  owner.events.Tell_Changed("Noise_Sensitivity");
+  EXPECT_EQ(sink.changed.size(), 10u);
+  owner.events.Tell_Changed("Noise_Sensitivity");
+  EXPECT_EQ(sink.changed.size(), 20u);
+}
+
+TEST_F(EventsTest, Two_changes_that_sinks_answer_by_one_another_come_to_an_end) {
+  NotingSink sink(owner.points);
+  Connect(sink);
+  sink.object.At_Changed = [&](DISPID id) {
+    sink.changed.push_back(id);
+    owner.events.Tell_Changed(id == -514 ? "Noise_Sensitivity" : "Enabled");
+    return S_OK;
+  };
+  owner.events.Tell_Changed("Enabled");
+  EXPECT_LE(sink.changed.size(), 110u);
+}
+
 }  // namespace
 }  // namespace quillspeech::activex

@@ -106,6 +106,15 @@ TEST_F(LoadedFile, It_stays_while_there_is_an_object_a_factory_or_a_lock) {
   EXPECT_TRUE(Can_Unload());
 }
 
+TEST_F(LoadedFile, The_end_of_a_lock_that_nobody_took_means_nothing) {
+  Factory()->LockServer(FALSE);
+  EXPECT_TRUE(Can_Unload());
+  Factory()->LockServer(TRUE);
+  EXPECT_FALSE(Can_Unload());
+  Factory()->LockServer(FALSE);
+  EXPECT_TRUE(Can_Unload());
+}
+
 TEST_F(LoadedFile, It_can_be_unloaded_and_loaded_again) {
   New_Control();
   for (int times = 0; times < 3; ++times) {
@@ -253,7 +262,8 @@ TEST_F(LoadedFile, A_per_user_installation_has_one_name) {
 
 TEST(Module, A_thread_that_is_told_to_quit_stops_the_session) {
   Module& module = Module::Of_This_File();
-  ASSERT_EQ(module.Enter_Thread(), S_OK);
+  const ThreadEntry entry;
+  ASSERT_EQ(entry.Code(), S_OK);
   quillspeech::Session& session = module.Session();
   session.settings.Stop_everything_now = "NO";
   session.ports.events.Enable(FormTimer::Timer5, true);

@@ -4,6 +4,7 @@
 
 #include <map>
 
+#include "activex/errors.hpp"
 #include "tests/activex/ole_fixture.hpp"
 
 namespace quillspeech::activex::tests {
@@ -21,12 +22,12 @@ class TestBag final : public IPropertyBag {
   ULONG STDMETHODCALLTYPE Release() override { return --references_; }
   HRESULT STDMETHODCALLTYPE Read(LPCOLESTR name, VARIANT* value, IErrorLog*) override {
     reads.push_back(name);
-    if (name == failing) return failure;
+    if (name == failing) return Failed();
     const auto kept = values.find(name);
     return kept == values.end() ? E_INVALIDARG : VariantCopy(value, &kept->second);
   }
   HRESULT STDMETHODCALLTYPE Write(LPCOLESTR name, VARIANT* value) override {
-    if (name == failing) return failure;
+    if (name == failing) return Failed();
     writes.push_back(name);
     return VariantCopy(&values[name], value);
   }
@@ -45,8 +46,14 @@ class TestBag final : public IPropertyBag {
   std::vector<std::wstring> writes;
   std::wstring failing;
   HRESULT failure = E_ACCESSDENIED;
+  bool tells = false;  // in words of its own
 
  private:
+  HRESULT Failed() const {
+    if (tells) Tell_Failure(70);
+    return failure;
+  }
+
   ULONG references_ = 0;
 };
 
@@ -86,8 +93,22 @@ TEST_F(PersistBagTest, An_error_of_the_bag_ends_the_load_and_goes_out) {
   bag.failing = L"Memory_Clean";
   EXPECT_EQ(Persist()->Load(&bag, nullptr), E_ACCESSDENIED);
   EXPECT_EQ(bag.reads.back(), L"Memory_Clean");
+}
+
+TEST_F(PersistBagTest, The_words_with_an_error_of_the_bag_are_its_own_or_none) {
   ComPtr<IErrorInfo> error;
-  EXPECT_EQ(GetErrorInfo(0, error.Receive()), S_FALSE);  // no words of something else
+  bag.failing = L"Stop_everything_now";
+  Tell_Failure(9);  // of something else, before
+  EXPECT_EQ(Persist()->Load(&bag, nullptr), E_ACCESSDENIED);
+  EXPECT_EQ(GetErrorInfo(0, error.Receive()), S_FALSE);
+  Tell_Failure(9);
+  EXPECT_EQ(Persist()->Save(&bag, TRUE, TRUE), E_ACCESSDENIED);
+  EXPECT_EQ(GetErrorInfo(0, error.Receive()), S_FALSE);
+  bag.tells = true;
+  EXPECT_EQ(Persist()->Load(&bag, nullptr), E_ACCESSDENIED);
+  EXPECT_EQ(GetErrorInfo(0, error.Receive()), S_OK);
+  EXPECT_EQ(Persist()->Save(&bag, TRUE, TRUE), E_ACCESSDENIED);
+  EXPECT_EQ(GetErrorInfo(0, error.Receive()), S_OK);
 }
 
 TEST_F(PersistBagTest, A_fresh_control_saves_what_differs_from_the_defaults) {

@@ -41,6 +41,11 @@ TEST_F(PersistStorageTest, What_was_saved_comes_back) {
   EXPECT_EQ(Persist()->InitNew(storage.Get()), CO_E_ALREADYINITIALIZED);
 }
 
+TEST_F(PersistStorageTest, A_control_that_was_initialised_elsewhere_is_not_initialised_again) {
+  EXPECT_EQ(As<IPersistStreamInit>()->InitNew(), S_OK);
+  EXPECT_EQ(Persist()->InitNew(storage.Get()), CO_E_ALREADYINITIALIZED);
+}
+
 TEST_F(PersistStorageTest, A_copy_leaves_it_dirty_until_the_copy_is_its_own) {
   EXPECT_EQ(Persist()->InitNew(storage.Get()), S_OK);
   EXPECT_EQ(Persist()->Save(storage.Get(), FALSE), S_OK);

@@ -30,8 +30,22 @@ TEST_F(PersistStreamTest, A_new_control_has_the_settings_of_its_initialisation) 
 
 TEST_F(PersistStreamTest, A_control_is_initialised_once) {
   EXPECT_EQ(Persist()->InitNew(), S_OK);
-  EXPECT_EQ(Persist()->InitNew(), CO_E_ALREADYINITIALIZED);
-  EXPECT_EQ(As<IPersistPropertyBag>()->InitNew(), CO_E_ALREADYINITIALIZED);
+  EXPECT_EQ(Persist()->InitNew(), E_UNEXPECTED);
+  EXPECT_EQ(As<IPersistPropertyBag>()->InitNew(), E_UNEXPECTED);
+}
+
+TEST_F(PersistStreamTest, A_control_that_was_loaded_is_not_initialised_any_more) {
+  EXPECT_EQ(Load(StoredRecord().Bytes()), S_OK);
+  Let("Noise_Sensitivity", "9");
+  EXPECT_EQ(Persist()->InitNew(), E_UNEXPECTED);
+  EXPECT_EQ(As<IPersistPropertyBag>()->InitNew(), E_UNEXPECTED);
+  EXPECT_EQ(Get("Noise_Sensitivity"), "9");
+}
+
+TEST_F(PersistStreamTest, A_control_that_was_initialised_may_be_loaded) {
+  EXPECT_EQ(Persist()->InitNew(), S_OK);
+  EXPECT_EQ(Load(StoredRecord().Bytes()), S_OK);
+  EXPECT_EQ(Get("Play_this_file_for_Start"), "");
 }
 
 TEST_F(PersistStreamTest, What_was_saved_comes_back) {

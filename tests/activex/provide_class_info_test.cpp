@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "activex/support_error_info.hpp"
 #include "tests/activex/test_owner.hpp"
 
 namespace quillspeech::activex {
@@ -30,12 +29,6 @@ TEST_F(ProvideClassInfoTest, The_one_id_that_it_knows_is_that_of_the_events) {
   EXPECT_EQ(part.GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID + 1, &guid), E_INVALIDARG);
   EXPECT_EQ(guid, GUID_NULL);
   EXPECT_EQ(part.GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, nullptr), E_POINTER);
-}
-
-TEST_F(ProvideClassInfoTest, Error_objects_are_left_by_the_dual_interface_alone) {
-  SupportErrorInfo part(owner);
-  EXPECT_EQ(part.InterfaceSupportsErrorInfo(IID__Quillspeech), S_OK);
-  EXPECT_EQ(part.InterfaceSupportsErrorInfo(IID_IOleObject), S_FALSE);
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
 #include "activex/registration.hpp"
 
+// After the headers of COM.
+#include <comcat.h>
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -173,6 +176,21 @@ TEST(RegistrationForTheMachine, The_system_finds_the_class_its_status_its_verbs_
   EXPECT_EQ(::LoadRegTypeLib(LIBID_QuillspeechX, 1, 0, LOCALE_NEUTRAL, library.Receive()), S_OK);
   EXPECT_EQ(Unregister(RegistrationScope::Machine), S_OK);
   EXPECT_NE(::LoadRegTypeLib(LIBID_QuillspeechX, 1, 0, LOCALE_NEUTRAL, library.Receive()), S_OK);
+}
+
+TEST(RegistrationForTheMachine, The_systems_lists_have_the_control_in_each_of_its_categories) {
+  ASSERT_EQ(Register(RegistrationScope::Machine), S_OK);
+  ComPtr<ICatInformation> categories;
+  ASSERT_EQ(::CoCreateInstance(CLSID_StdComponentCategoriesMgr, nullptr, CLSCTX_INPROC_SERVER,
+                               IID_ICatInformation, categories.Receive_Void()),
+            S_OK);
+  ComPtr<IEnumCATID> own;
+  ASSERT_EQ(categories->EnumImplCategoriesOfClass(CLSID_Quillspeech, own.Receive()), S_OK);
+  std::set<unsigned long> found;  // by their first parts, which differ
+  CATID category = {};
+  while (own->Next(1, &category, nullptr) == S_OK) found.insert(category.Data1);
+  EXPECT_EQ(found, (std::set<unsigned long>{0x40FC6ED4, 0x40FC6ED5, 0x0DE86A53, 0x0DE86A57}));
+  EXPECT_EQ(Unregister(RegistrationScope::Machine), S_OK);
 }
 
 }  // namespace

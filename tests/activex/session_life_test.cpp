@@ -1,4 +1,4 @@
-// What becomes of the session when controls go, threads end and hosts quit.
+// What becomes of the session when controls go and hosts quit.
 #include <atomic>
 #include <thread>
 
@@ -58,20 +58,6 @@ class SessionLife : public OleTest {
   bool has_recorded_ = false;
 };
 
-HRESULT Control_Of_Another_Thread(const std::function<void(IUnknown&)>& use) {
-  HRESULT code = S_OK;
-  std::thread([&] {
-    OleInitialize(nullptr);
-    {
-      ComPtr<IUnknown> made;
-      code = Make_Control(nullptr, IID_IUnknown, made.Receive_Void());
-      if (made) use(*made);
-    }
-    OleUninitialize();
-  }).join();
-  return code;
-}
-
 TEST_F(SessionLife, Without_a_control_its_timers_stand_still_and_stay_on) {
   control = nullptr;
   Run_Capture_Clock();
@@ -103,34 +89,6 @@ TEST_F(SessionLife, It_goes_over_to_another_thread_while_its_first_one_pumps) {
   const std::int64_t after = Seconds();
   Run_Host_For(50ms);
   EXPECT_EQ(Seconds(), after);
-  terminations = 1;
-}
-
-TEST_F(SessionLife, It_stays_with_the_thread_on_which_a_box_is_still_up) {
-  HRESULT elsewhere = S_OK;
-  session().flags.Settings_Ready_Count = 0;
-  BoxCloser closer(L"Quillspeech Start", [&] {
-    control = nullptr;
-    elsewhere = Control_Of_Another_Thread([](IUnknown&) {});
-  });
-  Call("Start_Real_Action");
-  EXPECT_EQ(closer.closed, 1);
-  EXPECT_EQ(elsewhere, RPC_E_WRONG_THREAD);
-}
-
-TEST_F(SessionLife, A_control_that_an_ended_thread_has_left_behind_refuses_nobody) {
-  control = nullptr;
-  IUnknown* left = nullptr;
-  EXPECT_EQ(Control_Of_Another_Thread([&](IUnknown& made) {
-              made.AddRef();
-              left = &made;
-            }),
-            S_OK);
-  control = New_Control();
-  EXPECT_TRUE(control);
-  control = nullptr;
-  EXPECT_TRUE(events().Is_Resting());
-  left->Release();
   terminations = 1;
 }
 

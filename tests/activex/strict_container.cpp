@@ -193,7 +193,7 @@ HRESULT StrictContainer::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARI
     return S_OK;
   }
   const auto told = ambients.find(id);
-  if (told == ambients.end()) return DISP_E_MEMBERNOTFOUND;
+  if (told == ambients.end()) return answers_with_nothing ? S_OK : DISP_E_MEMBERNOTFOUND;
   result->vt = VT_BOOL;
   result->boolVal = told->second ? VARIANT_TRUE : VARIANT_FALSE;
   return S_OK;

@@ -51,6 +51,7 @@ class StrictContainer final : public IOleClientSite,
   std::wstring display_name;
   std::function<void()> At_Ambient;  // once, before it tells one
   bool has_ambients = true;
+  bool answers_with_nothing = false;  // for the ambients that it does not know
   bool is_in_place_site = true;
   bool is_control_site = true;
   RECT asked_position{};  // by the last OnPosRectChange

@@ -61,5 +61,17 @@ TEST_F(WaveOutput, A_closed_output_can_be_opened_again) {
   EXPECT_TRUE(Await([&] { return Is_Done(); }));
 }
 
+TEST_F(WaveOutput, Formats_that_it_says_it_can_play_it_plays) {
+  for (const WaveFormat& format : {Mono_22050, Mono_11025, Pcm(2, 16, 44'100)}) {
+    ASSERT_TRUE(output.Can_Play(format)) << format.samples_per_second;
+    ASSERT_EQ(output.Close(handle), Wave_Ok);
+    ASSERT_EQ(output.Open(handle, format), Wave_Ok) << format.samples_per_second;
+    ASSERT_EQ(output.Prepare_Header(handle, header), Wave_Ok);
+    ASSERT_EQ(output.Write(handle, header), Wave_Ok);
+    EXPECT_TRUE(Await([&] { return Is_Done(); })) << format.samples_per_second;
+    EXPECT_EQ(output.Unprepare_Header(handle, header), Wave_Ok);
+  }
+}
+
 }  // namespace
 }  // namespace quillspeech::tests

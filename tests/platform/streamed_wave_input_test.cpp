@@ -134,6 +134,30 @@ TEST_F(StreamedInput, What_comes_while_it_is_stopped_is_not_recorded) {
   EXPECT_EQ(buffer.bytes, (std::vector<std::uint8_t>{1, 3, 4}));
 }
 
+TEST_F(StreamedInput, What_came_since_the_last_look_is_recorded_by_the_stop) {
+  Open();
+  Buffer buffer(3);
+  Add(buffer);
+  input.Start(handle);
+  Record({1});
+  stream.bytes = {2};
+  input.Stop(handle);
+  EXPECT_EQ(buffer.bytes, (std::vector<std::uint8_t>{1, 2, 0}));
+  EXPECT_EQ(buffer.header.bytes_recorded, 2U);
+  EXPECT_FALSE(buffer.Is_Done());
+}
+
+TEST_F(StreamedInput, A_second_stop_records_nothing) {
+  Open();
+  Buffer buffer(3);
+  Add(buffer);
+  input.Start(handle);
+  input.Stop(handle);
+  stream.bytes = {1};
+  input.Stop(handle);
+  EXPECT_EQ(buffer.header.bytes_recorded, 0U);
+}
+
 TEST_F(StreamedInput, A_reset_gives_the_headers_back_as_they_stand) {
   Open();
   Buffer buffer(4);
@@ -200,6 +224,20 @@ TEST_F(StreamedInput, A_refused_opening_leaves_no_line_open) {
   EXPECT_EQ(input.Open(handle, Mono_22050), Wave_Bad_Device);
   stream.answer = Wave_Ok;
   Open();
+}
+
+TEST_F(StreamedInput, Which_formats_there_are_is_for_the_device_to_say) {
+  constexpr WaveFormat Fast_Stereo{1, 2, 384'000, 2'304'000, 6, 24};
+  stream.answer = Wave_Bad_Format;
+  EXPECT_EQ(input.Open(handle, Fast_Stereo), Wave_Bad_Format);
+  stream.answer = Wave_Ok;
+  EXPECT_EQ(input.Open(handle, Fast_Stereo), Wave_Ok);
+  EXPECT_EQ(stream.format, Fast_Stereo);
+}
+
+TEST_F(StreamedInput, A_format_without_a_byte_rate_is_none) {
+  EXPECT_EQ(input.Open(handle, {1, 1, 22'050, 0, 1, 8}), Wave_Bad_Format);
+  EXPECT_EQ(stream.openings, 0);
 }
 
 TEST_F(StreamedInput, It_is_due_when_the_first_header_can_be_full) {

@@ -7,7 +7,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
@@ -36,35 +35,30 @@ TEST_F(MessageLoop, The_window_never_shows_and_is_not_found_among_the_others) {
 }
 
 TEST_F(MessageLoop, The_window_goes_with_its_loop) {
-  HWND window = nullptr;
+  HWND its_window = nullptr;
   {
     const EventLoop other;
-    window = other.Window();
-    EXPECT_NE(window, events.Window());
+    its_window = other.Window();
+    EXPECT_NE(its_window, events.Window());
   }
-  EXPECT_FALSE(::IsWindow(window));
+  EXPECT_FALSE(::IsWindow(its_window));
   EXPECT_TRUE(::IsWindow(events.Window()));
 }
 
 TEST_F(MessageLoop, A_yield_dispatches_what_waits_in_the_queue_in_its_order) {
-  std::vector<WPARAM> got;
-  events.On_Message(Some_Message, [&](WPARAM wide, LPARAM) { got.push_back(wide); });
-  for (const WPARAM wide : {1u, 2u, 3u}) Post(Some_Message, wide);
+  std::vector<UINT> got;
+  window.at_message = [&](UINT message) { got.push_back(message); };
+  const std::vector<UINT> sent = {Other_Message, Some_Message, Other_Message};
+  for (const UINT message : sent) Post(message);
   EXPECT_TRUE(got.empty());
   events.Run_Pending_Events();
-  EXPECT_EQ(got, (std::vector<WPARAM>{1, 2, 3}));
-}
-
-TEST_F(MessageLoop, Windows_of_others_get_theirs) {
-  const TestWindow window;
-  ::PostMessageW(window.Handle(), Some_Message, 7, 0);
-  events.Run_Pending_Events();
-  EXPECT_EQ(window.Count(Some_Message), 1);
+  EXPECT_EQ(got, sent);
+  window.at_message = nullptr;
 }
 
 TEST_F(MessageLoop, A_queue_that_fills_itself_does_not_hold_a_yield) {
   int rounds = 0;
-  events.On_Message(Some_Message, [&](WPARAM, LPARAM) {
+  At(Some_Message, [&] {
     ++rounds;
     Post(Some_Message);
   });
@@ -76,43 +70,21 @@ TEST_F(MessageLoop, A_queue_that_fills_itself_does_not_hold_a_yield) {
 
 TEST_F(MessageLoop, A_yield_may_be_nested_in_a_message_and_dispatches_the_rest) {
   std::string log;
-  events.On_Message(Some_Message, [&](WPARAM, LPARAM) {
+  window.at_message = [&](UINT message) {
+    if (message != Some_Message) {
+      log += 'x';
+      return;
+    }
     log += '(';
     events.Run_Pending_Events();
     log += ')';
-  });
-  events.On_Message(Other_Message, [&](WPARAM, LPARAM) { log += 'x'; });
+  };
   Post(Some_Message);
   Post(Other_Message);
   events.Run_Pending_Events();
+  window.at_message = nullptr;
   EXPECT_EQ(log, "(x)");
   EXPECT_EQ(events.Depth(), 0);
-}
-
-TEST_F(MessageLoop, The_last_handler_of_a_message_has_it_and_an_empty_one_ends_it) {
-  std::string log;
-  events.On_Message(Some_Message, [&](WPARAM, LPARAM) { log += 'a'; });
-  events.On_Message(Some_Message, [&](WPARAM, LPARAM) {
-    log += 'b';
-    events.On_Message(Some_Message, {});
-    log += 'c';
-  });
-  Post(Some_Message);
-  Post(Some_Message);
-  events.Run_Pending_Events();
-  EXPECT_EQ(log, "bc");
-}
-
-TEST_F(MessageLoop, What_a_handler_throws_comes_out_of_the_yield) {
-  events.On_Message(Some_Message, [](WPARAM, LPARAM) { throw std::runtime_error("no"); });
-  Post(Some_Message);
-  EXPECT_THROW(events.Run_Pending_Events(), std::runtime_error);
-  EXPECT_EQ(events.Depth(), 0);
-}
-
-TEST_F(MessageLoop, What_a_handler_throws_in_a_loop_of_the_hosts_is_lost) {
-  events.On_Message(Some_Message, [](WPARAM, LPARAM) { throw std::runtime_error("no"); });
-  EXPECT_EQ(::SendMessageW(events.Window(), Some_Message, 0, 0), 0);
 }
 
 TEST_F(MessageLoop, A_wait_lasts_until_a_timer_is_due_and_lets_it_tick) {
@@ -146,19 +118,42 @@ TEST_F(MessageLoop, Passes_last_at_least_their_time) {
 }
 
 TEST_F(MessageLoop, Passes_dispatch_messages_too) {
-  bool came = false;
-  events.On_Message(Some_Message, [&](WPARAM, LPARAM) { came = true; });
   Post(Some_Message);
   for (int i = 0; i < 300; ++i) events.Pass(10us);
-  EXPECT_TRUE(came);
+  EXPECT_EQ(window.Count(Some_Message), 1);
+}
+
+TEST_F(MessageLoop, The_first_pass_of_a_wait_looks_for_messages) {
+  events.Run_Pending_Events();
+  Post(Some_Message);
+  events.Pass(Time{0});
+  EXPECT_EQ(window.Count(Some_Message), 1);
+}
+
+TEST_F(MessageLoop, What_another_thread_sends_ends_a_wait) {
+  const auto never = Never(events);
+  std::thread other([&] { ::SendMessageW(window.Handle(), Some_Message, 0, 0); });
+  while (window.Count(Some_Message) == 0) events.Wait_For_Events();
+  other.join();
+}
+
+TEST_F(MessageLoop, A_timer_that_such_a_message_makes_ticks_in_time) {
+  const auto never = Never(events);
+  std::unique_ptr<Timer> timer;
+  int ticks = 0;
+  At(Some_Message, [&] {
+    timer = events.Make_Timer(20ms, [&] { ++ticks; });
+    timer->Enable(true);
+  });
+  std::thread other([&] { ::SendMessageW(window.Handle(), Some_Message, 0, 0); });
+  while (ticks == 0) events.Wait_For_Events();
+  other.join();
 }
 
 TEST_F(MessageLoop, A_message_ends_a_wait) {
   const auto never = Never(events);
-  bool came = false;
-  events.On_Message(Some_Message, [&](WPARAM, LPARAM) { came = true; });
-  std::thread other([&] { ::PostMessageW(events.Window(), Some_Message, 0, 0); });
-  while (!came) events.Wait_For_Events();
+  std::thread other([&] { Post(Some_Message); });
+  while (window.Count(Some_Message) == 0) events.Wait_For_Events();
   other.join();
 }
 
@@ -168,11 +163,9 @@ TEST_F(MessageLoop, What_is_always_due_does_not_keep_messages_from_their_turn) {
     void Serve(Time) override {}
   } busy;
   events.Add_Source(busy);
-  bool came = false;
-  events.On_Message(Some_Message, [&](WPARAM, LPARAM) { came = true; });
   Post(Some_Message);
   events.Wait_For_Events();
-  EXPECT_TRUE(came);
+  EXPECT_EQ(window.Count(Some_Message), 1);
   events.Remove_Source(busy);
 }
 

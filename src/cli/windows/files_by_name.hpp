@@ -7,6 +7,7 @@
 #include "cli/windows/name_encoding.hpp"
 #include "platform/windows/data_file.hpp"
 #include "platform/windows/riff_file.hpp"
+#include "platform/windows/sound_cues.hpp"
 
 namespace quillspeech::cli::backend {
 
@@ -15,6 +16,18 @@ class RiffFiles final : public quillspeech::RiffFiles {
   std::unique_ptr<RiffFile> Open(const std::string& path) override {
     return windows::RiffFiles(Encoding_Of(path)).Open(path);
   }
+};
+
+class SoundCues final : public quillspeech::SoundCues {
+ public:
+  void Play(const std::string& name, CueMode mode) override {
+    cues_.Play(name, mode, Encoding_Of(name));
+  }
+  void Purge() override { cues_.Purge(); }
+  bool Is_Sounding() const { return cues_.Is_Sounding(); }
+
+ private:
+  windows::SoundCues cues_;
 };
 
 class DataFileStore final : public quillspeech::DataFileStore {

@@ -8,6 +8,7 @@
 #include <thread>
 #include <utility>
 
+#include "platform/windows/text.hpp"
 #include "platform/windows/windows_api.hpp"
 
 namespace quillspeech::cli {
@@ -24,21 +25,33 @@ struct InputReader::Shared {
 
 namespace {
 
-// Nothing at the end. On a console that is a line that begins with Ctrl-Z. A pipe ends when nobody
-// can write to it any more, and not by a write of nothing.
+// As UTF-8, whatever the console's code page is: some consoles end a read of bytes at the first
+// character beyond ASCII when that page is UTF-8. Nothing at a line that begins with Ctrl-Z.
+std::optional<std::string> Read_Console(HANDLE console) {
+  constexpr wchar_t Console_End = L'\x1a';
+  std::wstring text(4'096, L'\0');
+  DWORD count = 0;
+  if (!::ReadConsoleW(console, text.data(), static_cast<DWORD>(text.size()), &count, nullptr)) {
+    return std::nullopt;
+  }
+  if (count == 0 || text.front() == Console_End) return std::nullopt;
+  return windows::Utf8_From_Wide({text.data(), count});
+}
+
+// Nothing at the end. A pipe ends when nobody can write to it any more, and not by a write of
+// nothing.
 std::optional<std::string> Read_Block(HANDLE input) {
-  constexpr char Console_End = '\x1a';
+  DWORD mode = 0;
+  if (::GetConsoleMode(input, &mode)) return Read_Console(input);
   std::string bytes(65'536, '\0');
-  const DWORD kind = ::GetFileType(input);
   DWORD count = 0;
   do {
     if (!::ReadFile(input, bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr)) {
       return std::nullopt;
     }
-  } while (count == 0 && kind == FILE_TYPE_PIPE);
+  } while (count == 0 && ::GetFileType(input) == FILE_TYPE_PIPE);
   bytes.resize(count);
-  if (bytes.empty() || (kind == FILE_TYPE_CHAR && bytes.front() == Console_End))
-    return std::nullopt;
+  if (bytes.empty()) return std::nullopt;
   return bytes;
 }
 

@@ -9,7 +9,7 @@ std::vector<backend::SoundDevice> Sound_Devices() { return windows::Sound_Device
 
 LiveDevices Make_Live_Devices(backend::EventLoop& events, const std::string& input) {
   return {std::make_unique<windows::WaveInput>(events, input),
-          std::make_unique<windows::WaveOutput>(events), std::make_unique<windows::SoundCues>()};
+          std::make_unique<windows::WaveOutput>(events), std::make_unique<backend::SoundCues>()};
 }
 
 }  // namespace quillspeech::cli

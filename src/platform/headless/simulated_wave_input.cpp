@@ -24,7 +24,8 @@ WaveResult SimulatedWaveInput::Get_Device_Capabilities(int device) {
 WaveResult SimulatedWaveInput::Open(WaveHandle& handle, const WaveFormat& format) {
   if (const auto answer = calls_.Call("wave_in_open")) return *answer;
   if (!calls_.present) return Wave_Bad_Device;
-  if (format.channels != 1 || format.bits_per_sample != 8) return Wave_Bad_Format;
+  const bool is_mono_of_8_bits = format.channels == 1 && format.bits_per_sample == 8;
+  if (!is_mono_of_8_bits || !Is_Common_Format(format)) return Wave_Bad_Format;
   return line_.Open(handle, format);
 }
 

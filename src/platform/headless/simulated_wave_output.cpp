@@ -6,7 +6,8 @@ namespace quillspeech::headless {
 
 WaveResult SimulatedWaveOutput::Open(WaveHandle& handle, const WaveFormat& format) {
   if (const auto answer = calls_.Call("wave_out_open")) return *answer;
-  return calls_.present ? line_.Open(handle, format) : Wave_Bad_Device;
+  if (!calls_.present) return Wave_Bad_Device;
+  return Is_Common_Format(format) ? line_.Open(handle, format) : Wave_Bad_Format;
 }
 
 WaveResult SimulatedWaveOutput::Prepare_Header(WaveHandle handle, WaveHeader& header) {

@@ -95,35 +95,20 @@ void EventLoop::Move_To_This_Thread() {
 LRESULT CALLBACK EventLoop::Window_Procedure(HWND window, UINT message, WPARAM wide,
                                              LPARAM longer) {
   auto* const loop = reinterpret_cast<EventLoop*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (loop == nullptr || message != WM_TIMER || wide != Tick_Timer) {
+    return ::DefWindowProcW(window, message, wide, longer);
+  }
   try {
-    if (loop != nullptr && loop->Handle(message, wide, longer)) return 0;
+    loop->Tick_In_Hosts_Loop();
   } catch (...) {  // nobody is there to take it
-    return 0;
   }
-  return ::DefWindowProcW(window, message, wide, longer);
+  return 0;
 }
 
-void EventLoop::On_Message(UINT message, Handler handler) {
-  if (handler) {
-    handlers_[message] = std::make_shared<const Handler>(std::move(handler));
-  } else {
-    handlers_.erase(message);
-  }
-}
-
-bool EventLoop::Handle(UINT message, WPARAM wide, LPARAM longer) {
-  if (message == WM_TIMER && wide == Tick_Timer) {
-    is_in_host_loop_ = true;
-    Drop_Tick();
-    Tick();
-    return true;
-  }
-  const auto found = handlers_.find(message);
-  if (found == handlers_.end()) return false;
-  const auto handler = found->second;  // it may give the message another
-  (*handler)(wide, longer);
-  On_New_Due();
-  return true;
+void EventLoop::Tick_In_Hosts_Loop() {
+  is_in_host_loop_ = true;
+  Drop_Tick();
+  Tick();
 }
 
 int EventLoop::Add_Filter(Filter filter) {
@@ -140,30 +125,30 @@ bool EventLoop::Is_Filtered(MSG& message) {
   });
 }
 
-// True when there was anything but what the loop sends itself. A thread that is told to quit keeps
+// False when all there was is what the loop sends itself. Where there was nothing, another thread
+// may have sent a message, which was dealt with on the way. A thread that is told to quit keeps
 // that message at the end of its queue.
 bool EventLoop::Dispatch_Messages() {
   constexpr int Most_At_Once = 100;  // a window may ask to be painted for ever
   is_in_host_loop_ = false;
   last_look_ = Now();
-  bool was_any = false;
+  bool was_ours = false;
+  bool was_other = false;
   for (int i = 0; i < Most_At_Once; ++i) {
     MSG message;
     if (!::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
       is_quitting_ = false;
-      return was_any;
+      break;
     }
     if (message.message == WM_QUIT) {
       Meet_Quit(static_cast<int>(message.wParam));
       return true;
     }
-    was_any |= Dispatch(message);
+    (Dispatch(message) ? was_other : was_ours) = true;
   }
-  return was_any;
+  return was_other || !was_ours;
 }
 
-// What is for the hidden window does not go the way over the system, through which nothing may be
-// thrown.
 bool EventLoop::Dispatch(MSG& message) {
   if (message.hwnd == window_) {
     if (message.message == WM_NULL) return false;
@@ -171,7 +156,6 @@ bool EventLoop::Dispatch(MSG& message) {
       Set_Tick(Now() + Tick_While_Waiting);  // the yield itself runs what is due
       return false;
     }
-    if (Handle(message.message, message.wParam, message.lParam)) return true;
   } else if (Is_Filtered(message)) {
     return true;
   }
@@ -236,10 +220,12 @@ void EventLoop::Wait_For_Events() {
 
 void EventLoop::Pass(Time least) { TimedLoop::Pass(is_quitting_ ? Time{0} : least); }
 
-// A wait that nothing ended has seen that there are no messages. Whoever waits on although the
-// thread is told to quit is not to take a whole core.
+// A wait that nothing ended has seen that there are no messages. Whatever came may have changed
+// what is waited for. Whoever waits on although the thread is told to quit is not to take a whole
+// core.
 void EventLoop::Sleep_Until(std::optional<Time> moment) {
   const Time earliest = std::exchange(wait_until_, Time(0));
+  const auto due = Next_Due();
   for (;;) {
     if (is_woken_.exchange(false)) return;
     if (is_quitting_) ::Sleep(1);
@@ -247,7 +233,7 @@ void EventLoop::Sleep_Until(std::optional<Time> moment) {
         moment ? Held_Within(std::max(*moment, earliest) - Now(), 0, INFINITE - 1) : INFINITE;
     const DWORD ended =
         ::MsgWaitForMultipleObjectsEx(0, nullptr, wait, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
-    if (ended == WAIT_TIMEOUT || Dispatch_Messages()) return;
+    if (ended == WAIT_TIMEOUT || Dispatch_Messages() || Next_Due() != due) return;
   }
 }
 

@@ -19,7 +19,6 @@ namespace quillspeech::windows {
 // Belongs to one thread: the one that made it, or moved it last.
 class EventLoop final : public TimedLoop {
  public:
-  using Handler = std::function<void(WPARAM, LPARAM)>;
   using Filter = std::function<bool(MSG&)>;
 
   EventLoop();  // throws std::system_error when there can be no window
@@ -31,13 +30,9 @@ class EventLoop final : public TimedLoop {
   // Takes no time once the thread is told to quit.
   void Pass(Time least) override;
 
-  // A window that never shows and that nobody finds by looking. Devices and other threads send
-  // their messages there. It stays the same until the loop moves to another thread.
+  // A window that never shows and that nobody finds by looking, for the ticks. It stays the same
+  // until the loop moves to another thread.
   HWND Window() const { return window_; }
-  // Runs the handler for each such message to the window: in a yield or a wait, or in a loop of the
-  // host's. What it throws comes out of the yield, and is lost in a loop of the host's. A second
-  // handler takes the first one's place, and an empty one ends it.
-  void On_Message(UINT message, Handler handler);
 
   // Each message that a yield or a wait takes from the queue, unless it is for the hidden window,
   // goes through the filters, the oldest first; one that answers true has dealt with it. The number
@@ -55,8 +50,8 @@ class EventLoop final : public TimedLoop {
   // does not move meanwhile.
   void Wake() noexcept;
 
-  // From the end of the outermost yield or wait on, at once when there is none, no tick comes and
-  // no message to the window reaches a handler, until it resumes. What the timers are, they stay.
+  // From the end of the outermost yield or wait on, at once when there is none, no tick comes until
+  // it resumes. What the timers are, they stay.
   void Rest();
   void Resume();
   // From any thread: once this is so, the loop's own thread touches nothing of it.
@@ -72,7 +67,7 @@ class EventLoop final : public TimedLoop {
   void Make_Window();
   void Drop_Window();
   void Listen(bool on);
-  bool Handle(UINT message, WPARAM wide, LPARAM longer);
+  void Tick_In_Hosts_Loop();
   bool Dispatch_Messages();
   bool Dispatch(MSG& message);
   bool Is_Filtered(MSG& message);
@@ -90,7 +85,6 @@ class EventLoop final : public TimedLoop {
   WindowClass class_;
   HWND window_ = nullptr;
   DWORD thread_ = 0;
-  std::map<UINT, std::shared_ptr<const Handler>> handlers_;
   std::map<int, std::shared_ptr<const Filter>> filters_;
   int last_filter_ = 0;
   std::optional<Time> tick_;  // when the window's timer comes

@@ -120,8 +120,7 @@ LRESULT CALLBACK FormControlWindow::Tap_Procedure(HWND window, UINT message, WPA
                                                   LPARAM longer) {
   auto* const tap = reinterpret_cast<Tap*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   const WNDPROC original = tap->original;
-  // A button that is drawn by its owner would take the second of two quick clicks for another
-  // thing.
+  // The system's buttons would take the second of two quick clicks for another thing.
   const bool is_button = tap->control->kind_ == FormControlKind::Button;
   if (is_button && message == WM_LBUTTONDBLCLK) message = WM_LBUTTONDOWN;
   // The form's window, and so the tap, stays in memory until the message is dealt with.
@@ -130,7 +129,8 @@ LRESULT CALLBACK FormControlWindow::Tap_Procedure(HWND window, UINT message, WPA
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original));
     if (window == tap->control->window_) tap->control->window_ = nullptr;
-  } else if (const auto answer = tap->form->Handle_Control(*tap->control, window, message, wide)) {
+  } else if (const auto answer =
+                 tap->form->Handle_Control(*tap->control, window, message, wide, longer)) {
     return *answer;
   }
   return CallWindowProcW(original, window, message, wide, longer);

@@ -89,7 +89,7 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   // A message to a control, before the system's own procedure gets it: the answer, or nothing when
   // that is to have it. `part` is the control's window or, of a combo box, one inside it.
   std::optional<LRESULT> Handle_Control(FormControlWindow& control, HWND part, UINT message,
-                                        WPARAM wide) noexcept;
+                                        WPARAM wide, LPARAM longer) noexcept;
 
   static LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
 

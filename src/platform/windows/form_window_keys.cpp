@@ -91,7 +91,8 @@ bool FormWindow::Press(unsigned char key) {
 }
 
 std::optional<LRESULT> FormWindow::Handle_Control(FormControlWindow& control, HWND part,
-                                                  UINT message, WPARAM wide) noexcept {
+                                                  UINT message, WPARAM wide,
+                                                  LPARAM longer) noexcept {
   try {
     switch (message) {
       case WM_NCHITTEST:
@@ -104,9 +105,12 @@ std::optional<LRESULT> FormWindow::Handle_Control(FormControlWindow& control, HW
         Note_Focus(reinterpret_cast<HWND>(wide));
         return {};
       case WM_LBUTTONDOWN:
+      case WM_LBUTTONDBLCLK:
+      case WM_LBUTTONUP:
       case WM_RBUTTONDOWN:
-        if (!form_ || !Takes_Focus((*form_)[control.Name()].kind)) Take_Focus_By_Click();
-        return {};
+      case WM_CAPTURECHANGED:
+        if (!form_ || Takes_Focus((*form_)[control.Name()].kind)) return {};
+        return Handle_Mouse(part, message, longer);
       case WM_KEYDOWN:
       case WM_CHAR:
       case WM_SYSCHAR:

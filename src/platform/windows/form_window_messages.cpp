@@ -104,7 +104,7 @@ std::optional<LRESULT> FormWindow::Handle_Drawing(HWND window, UINT message, WPA
   }
 }
 
-// A click on the form, a frame or a picture is a press and a release there.
+// A click on the form, a frame, a picture or a label is a press and a release there.
 std::optional<LRESULT> FormWindow::Handle_Mouse(HWND window, UINT message, LPARAM longer) {
   if (message == WM_NCHITTEST && is_inert_) return HTTRANSPARENT;
   const bool is_press = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
@@ -158,12 +158,10 @@ void FormWindow::On_Command(HWND window, UINT code) {
       if (code == LBN_SELCHANGE) form_->Select(control->Name(), control->Index());
       if (code == LBN_DBLCLK) On_Second_Click(control->Name());
       return;
-    case FormControlKind::Label:
-      if (code == STN_CLICKED) form_->Click(control->Name());
-      if (code == STN_DBLCLK) On_Second_Click(control->Name());
+    case FormControlKind::Button:
+      if (code == BN_CLICKED) form_->Click(control->Name());
       return;
     default:
-      if (code == BN_CLICKED) form_->Click(control->Name());
       return;
   }
 }

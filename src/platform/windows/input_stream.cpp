@@ -24,6 +24,7 @@ WaveResult InputStream::Open(const WaveFormat& format) {
 
 WaveResult InputStream::Open_Device(UINT number, const WaveFormat& format) {
   constexpr std::uint32_t Buffers_A_Second = 20;
+  constexpr std::uint32_t Most_Blocks = 192'000 / Buffers_A_Second;
   Close_Device();
   const WAVEFORMATEX asked = System_Format(format);
   HWAVEIN opened = nullptr;
@@ -32,7 +33,8 @@ WaveResult InputStream::Open_Device(UINT number, const WaveFormat& format) {
   }
   device_ = opened;
   format_ = format;
-  const std::uint32_t blocks = format.samples_per_second / Buffers_A_Second;
+  const std::uint32_t blocks =
+      std::clamp(format.samples_per_second / Buffers_A_Second, 1U, Most_Blocks);
   WaveResult wrong = Give_Out_Buffers(std::size_t{blocks} * format.block_alignment);
   if (wrong == Wave_Ok) wrong = ::waveInStart(device_);
   if (wrong != Wave_Ok) Close_Device();
@@ -78,15 +80,18 @@ InputStream::Buffer* InputStream::Next_Done() {
   return (flags & WHDR_DONE) != 0 ? &buffer : nullptr;
 }
 
+// A device that takes no buffer back has gone away, and with it what it had brought.
 void InputStream::Give_Back(Buffer& buffer) {
   taken_ = 0;
   next_ = (next_ + 1) % buffers_.size();
-  ::waveInAddBuffer(device_, &buffer.header, sizeof buffer.header);
+  if (::waveInAddBuffer(device_, &buffer.header, sizeof buffer.header)) Close_Device();
 }
 
+// No further than once round, and so with Drop: the device goes on meanwhile, and one that is
+// broken may give back at once what it was given.
 std::size_t InputStream::Take(std::uint8_t* bytes, std::size_t most) {
   std::size_t done = 0;
-  while (done < most) {
+  for (std::size_t seen = 0; done < most && seen < buffers_.size(); ++seen) {
     Buffer* const buffer = Next_Done();
     if (!buffer) break;
     const std::size_t rest = buffer->header.dwBytesRecorded - taken_;
@@ -99,7 +104,6 @@ std::size_t InputStream::Take(std::uint8_t* bytes, std::size_t most) {
   return done;
 }
 
-// No further than once round: the device goes on meanwhile.
 void InputStream::Drop() {
   for (std::size_t seen = 0; seen < buffers_.size(); ++seen) {
     Buffer* const buffer = Next_Done();

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/sound_cues.hpp"
+#include "platform/windows/text.hpp"
 
 namespace quillspeech::windows {
 
@@ -15,9 +16,12 @@ class SoundCues final : public quillspeech::SoundCues {
   SoundCues(const SoundCues&) = delete;
   SoundCues& operator=(const SoundCues&) = delete;
 
-  // In the place of a file that cannot be played the system has a sound of its own. An empty name
-  // does nothing.
-  void Play(const std::string& name, CueMode mode) override;
+  // The name is in Windows-1252. One that can be no file's does nothing: an empty one, or one with
+  // a NUL.
+  void Play(const std::string& name, CueMode mode) override {
+    Play(name, mode, NameEncoding::Windows1252);
+  }
+  void Play(const std::string& name, CueMode mode, NameEncoding encoding);
   void Purge() override;
   // By the length that the file tells of itself: the player does not tell. A loop does until it is
   // purged.
