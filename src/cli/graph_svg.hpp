@@ -3,11 +3,11 @@
 
 #include <string>
 
-#include "presentation/audio_graph.hpp"
+#include "platform/form_drawing.hpp"
 
 namespace quillspeech::cli {
 
-// A whole SVG document. `file` is the sound's name, for the heading.
-std::string Graph_Svg(const AudioGraph& graph, const std::string& file);
+// A whole SVG document of an audio graph. `file` is the sound's name, for the heading.
+std::string Graph_Svg(const FormDrawing& graph, const std::string& file);
 
 }  // namespace quillspeech::cli

@@ -30,9 +30,6 @@ HostControl::HostControl(const LiveOptions& options, std::ostream& out)
     : out_(out),
       live_(std::make_unique<LiveSession>(options, static_cast<MessageBoxes&>(*this),
                                           static_cast<Dialogs&>(*this))),
-      windows_([this](const std::string& name, bool shown, bool modal) {
-        Tell({{"window", {{"name", name}, {"shown", shown}, {"modal", modal}}}});
-      }),
       face_(Face_Json(Face())) {
   Session& session = *live_->session;
   Prepare_Session(session);
@@ -44,8 +41,10 @@ HostControl::HostControl(const LiveOptions& options, std::ostream& out)
     if (echo_) Tell_Echo(*echo_, bytes);
   };
   Watch_Echo();
-  windows_.Watch(session.operations);
-  windows_.Watch(live_->views);
+  live_->views.At_Showing = [this](const Form& form, bool is_shown, Modality modality) {
+    const bool is_modal = modality == Modality::Modal;
+    Tell({{"window", {{"name", form.Name()}, {"shown", is_shown}, {"modal", is_modal}}}});
+  };
   live_->views.Wait = [this] { return Wait_In_Window(); };
   control_ = Control::Make(session, *this);
 }

@@ -10,7 +10,6 @@
 #include <ostream>
 #include <string>
 
-#include "cli/host_windows.hpp"
 #include "cli/live_session.hpp"
 #include "core/control.hpp"
 
@@ -71,7 +70,6 @@ class HostControl final : private Container, private MessageBoxes, private Dialo
 
   std::ostream& out_;
   std::unique_ptr<LiveSession> live_;
-  HostWindows windows_;
   Echo* echo_ = nullptr;  // the one that is under way
   Json face_;             // as it was told last
   std::shared_ptr<Control> control_;

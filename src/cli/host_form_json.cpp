@@ -79,6 +79,7 @@ void Add_Content(Json& json, const FormControl& control) {
     case FormControlKind::Picture:
     case FormControlKind::Image:
       json["drawing"] = Drawing_Json(control.drawing);
+      if (!control.picture.empty()) json["picture_bytes"] = control.picture.size();
       return;
   }
 }

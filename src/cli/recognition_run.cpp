@@ -8,6 +8,7 @@
 #include "base/run_time_failure.hpp"
 #include "base/text.hpp"
 #include "core/operations.hpp"
+#include "presentation/audio_graph.hpp"
 
 namespace quillspeech::cli {
 
@@ -36,7 +37,7 @@ void RecognitionRun::Hook_Up() {
   on_files_->host.path = "vb6.exe";
   operations.Draw_Audio_Graph = [this](Session& session) {
     if (graph_) return;  // long words of a file are drawn later, one over the other
-    Draw_Audio_Graph(session, graph_.emplace());
+    graph_ = Audio_Graph_Drawing(session);
   };
   operations.Print_On_Graph = [this](Session&, std::string_view text) {
     if (graph_) Print_On_Graph(*graph_, text);

@@ -8,7 +8,7 @@
 
 #include "cli/run_options.hpp"
 #include "cli/session_on_files.hpp"
-#include "presentation/audio_graph.hpp"
+#include "platform/form_drawing.hpp"
 
 namespace quillspeech::cli {
 
@@ -28,7 +28,7 @@ class RecognitionRun {
   const std::string& File() const { return file_; }
   Session& Asked_Session() const { return on_files_->session; }  // getters may announce changes
   const std::vector<headless::MessageBoxes::Shown>& Boxes() const { return on_files_->boxes.shown; }
-  const std::optional<AudioGraph>& Graph() const { return graph_; }
+  const std::optional<FormDrawing>& Graph() const { return graph_; }
 
  private:
   void Recognize_Captured();
@@ -37,7 +37,7 @@ class RecognitionRun {
   const RunOptions& options_;
   std::string file_;
   std::unique_ptr<SessionOnFiles> on_files_;
-  std::optional<AudioGraph> graph_;
+  std::optional<FormDrawing> graph_;
 };
 
 }  // namespace quillspeech::cli

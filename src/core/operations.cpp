@@ -8,8 +8,11 @@
 #include "audio/echo.hpp"
 #include "audio/live_capture.hpp"
 #include "audio/wave_reader.hpp"
+#include "editors/database_ve.hpp"
 #include "editors/language_editor.hpp"
+#include "presentation/graph_window.hpp"
 #include "presentation/help_windows.hpp"
+#include "presentation/status_bar.hpp"
 #include "recognition/adding.hpp"
 #include "recognition/engine_table.hpp"
 #include "session/failure_trap.hpp"
@@ -59,7 +62,10 @@ void Prepare_Session(Session& session) {
   operations.Play_Echo = Play_Echo;
   operations.Add_Engine_String_To_Language = Add_Engine_String_To_Language;
   Connect_Help_Windows(session);
+  Connect_Status_Bar(session);
+  Connect_Graph_Window(session);
   Connect_Language_Editor(session);
+  Connect_Vocabulary_And_Engine_Editor(session);
   Connect_Timers(session);
   Load_Default_Engine_Table(session);
 }

@@ -12,6 +12,7 @@
 #include "base/checked.hpp"
 #include "datafiles/record_file.hpp"
 #include "datafiles/records.hpp"
+#include "editors/shown_text.hpp"
 #include "platform/form.hpp"
 #include "session/session.hpp"
 
@@ -94,9 +95,6 @@ class LanguageEditor {
   std::unique_ptr<Form> features_display_;
   std::vector<RecordFile> earlier_files_;
 };
-
-// The text up to its first character 0: what a screen shows of an erased field is nothing.
-constexpr std::string_view Shown(std::string_view text) { return text.substr(0, text.find('\0')); }
 
 // Gives the session its Language Editor, which lives as long as the session's operations.
 void Connect_Language_Editor(Session& session);

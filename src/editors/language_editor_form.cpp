@@ -3,19 +3,12 @@
 #include <array>
 #include <string_view>
 
+#include "editors/form_pieces.hpp"
+
 namespace quillspeech {
 namespace {
 
 constexpr FormSize Database_Size{9900, 6210};
-
-struct Piece {
-  std::string_view name;
-  FormControlKind kind;
-  std::string_view parent;
-  std::string_view text;
-  std::string_view tip;
-  FormPlace place;
-};
 
 constexpr auto Frame = FormControlKind::Frame;
 constexpr auto Label = FormControlKind::Label;
@@ -28,7 +21,7 @@ constexpr std::string_view Rate = "I will rate this entry to  match :";
 constexpr std::string_view Out_Of = "out of 100%";
 
 // In tab order: the file, the record, then a frame for each list.
-constexpr auto Pieces = std::to_array<Piece>({
+constexpr auto Pieces = std::to_array<ControlPiece>({
     {"Label1", Label, "", "Language File :", "", {120, 165, 1260, 240}},
     {"TFNam", TextBox, "", "", "", {1440, 120, 5220, 315}},
     {"Command1", Button, "", "Find Files", "Open a *.lang file", {6780, 105, 1440, 345}},
@@ -129,12 +122,6 @@ constexpr auto Pieces = std::to_array<Piece>({
     {"Command17", Button, "Frame3", "Delete", "", {8490, 1110, 1020, 345}},
 });
 
-struct MenuPiece {
-  std::string_view name;
-  std::string_view parent;
-  std::string_view caption;
-};
-
 constexpr auto Menus = std::to_array<MenuPiece>({
     {"Enmu", "", "Open"},
     {"Opmu", "Enmu", "&File"},
@@ -179,32 +166,15 @@ constexpr auto Menus = std::to_array<MenuPiece>({
     {"mnuHelp", "mnuHel", "Help"},
 });
 
-FormControl As_Control(const Piece& piece) {
-  FormControl control;
-  control.name = piece.name;
-  control.kind = piece.kind;
-  control.place = piece.place;
-  control.parent = piece.parent;
-  control.text = piece.text;
-  control.tip = piece.tip;
-  return control;
-}
-
 }  // namespace
 
 std::unique_ptr<Form> Make_Database_Form() {
   auto form = std::make_unique<Form>("Database", "", Database_Size);
-  for (const Piece& piece : Pieces) form->Add(As_Control(piece));
+  Add_Controls(*form, Pieces);
   for (const std::string_view shown_only : {"TFNam", "Text1"}) {
     form->Set_Read_Only(shown_only, true);
   }
-  for (const MenuPiece& menu : Menus) {
-    FormMenu entry;
-    entry.name = menu.name;
-    entry.caption = menu.caption;
-    entry.parent = menu.parent;
-    form->Add_Menu(entry);
-  }
+  Add_Menus(*form, Menus);
   return form;
 }
 

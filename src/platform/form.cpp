@@ -17,7 +17,12 @@ Form::~Form() {
 
 void Form::Add(FormControl control) { controls_.push_back(std::move(control)); }
 
-void Form::Add_Menu(FormMenu menu) { menus_.push_back(std::move(menu)); }
+// A line stays one whatever its caption becomes, and an entry that is given such a caption stays an
+// entry.
+void Form::Add_Menu(FormMenu menu) {
+  menu.is_line = menu.caption == "-";
+  menus_.push_back(std::move(menu));
+}
 
 void Form::On(std::string_view control, FormEvent event, Handler handler) {
   handlers_[{std::string(control), event}] = std::move(handler);
@@ -117,7 +122,7 @@ bool Form::Double_Click(std::string_view control) {
 }
 
 bool Form::Choose_Menu(std::string_view menu) {
-  const bool is_entry = !Menu(menu).Is_Separator() &&
+  const bool is_entry = !Menu(menu).is_line &&
                         std::none_of(menus_.begin(), menus_.end(),
                                      [&](const FormMenu& one) { return one.parent == menu; });
   if (!is_entry || !Menu_Takes_Action(menu)) return false;

@@ -76,12 +76,11 @@ struct FormControl {
 // One entry of the menu bar or of a menu. & marks its letter as above.
 struct FormMenu {
   std::string name;
-  std::string caption;  // "-": a line between entries
+  std::string caption;  // "-" when it is added: a line between entries for good
   std::string parent;   // the menu that holds it, made before it; empty: the bar
   bool enabled = true;
   bool visible = true;
-
-  bool Is_Separator() const { return caption == "-"; }
+  bool is_line = false;  // of its adding
 };
 
 enum class FormEvent {

@@ -2,15 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include "presentation/audio_graph.hpp"
+
 namespace quillspeech::cli {
 namespace {
 
-AudioGraph Two_Words() {
-  AudioGraph graph;
-  graph.Graph_Point_Count = 1160;  // one unit of the picture each
-  graph.boxes = {{100, 200, AudioGraph::Colour::Red}, {300, 350, AudioGraph::Colour::Yellow}};
-  graph.line = {{0, 128}, {1, 0}, {2, -128}};
-  return graph;
+FormDrawing Two_Words() {
+  return {{0, Graph_Top, 1160, Graph_Bottom},  // one unit of the picture each
+          {Drawn_Box({100, 128}, {200, -128}, 0x000000FF),
+           Drawn_Box({300, 128}, {350, -128}, 0x0000FFFF),
+           Drawn_Lines({{0, 128}, {1, 0}, {2, -128}}, 0)}};
 }
 
 bool Has(const std::string& svg, const std::string& part) {
@@ -49,22 +50,21 @@ TEST(GraphSvg, The_title_is_the_caption_of_the_window) {
                   "Corvane Studio Works</title>"));
 }
 
-TEST(GraphSvg, A_printed_text_stands_at_its_place) {
-  AudioGraph graph = Two_Words();
-  graph.text_left = 580;
-  graph.printed_text = "Noise Found on 1 0 0";
-  EXPECT_TRUE(Has(Graph_Svg(graph, "a.wav"), R"(<text x="600")"));
+TEST(GraphSvg, A_printed_text_stands_in_the_middle_of_the_top) {
+  FormDrawing graph = Two_Words();
+  Print_On_Graph(graph, "Noise Found on 1 0 0");
+  EXPECT_TRUE(Has(Graph_Svg(graph, "a.wav"), R"(<text x="600" y="64.4")"));
   EXPECT_TRUE(Has(Graph_Svg(graph, "a.wav"), ">Noise Found on 1 0 0</text>"));
 }
 
 TEST(GraphSvg, A_word_that_ends_before_it_starts_is_still_a_box) {
-  AudioGraph graph = Two_Words();
-  graph.boxes = {{200, 100, AudioGraph::Colour::Red}};
+  FormDrawing graph = Two_Words();
+  graph.operations = {Drawn_Box({200, 128}, {100, -128}, 0x000000FF)};
   EXPECT_TRUE(Has(Graph_Svg(graph, "a.wav"), R"(<rect x="120" y="56" width="100")"));
 }
 
 TEST(GraphSvg, An_empty_graph_is_a_picture_too) {
-  const std::string svg = Graph_Svg(AudioGraph(), "a.wav");
+  const std::string svg = Graph_Svg(FormDrawing(), "a.wav");
   EXPECT_TRUE(svg.starts_with("<?xml"));
   EXPECT_TRUE(svg.ends_with("</svg>\n"));
   EXPECT_FALSE(Has(svg, "nan"));

@@ -121,7 +121,8 @@ TEST_F(HostNotifications, Modal_windows_come_and_go) {
 }
 
 TEST_F(HostNotifications, A_window_that_stays_is_told_once_and_again_when_it_goes) {
-  Host({R"({"do":"load","bag":{"I_want_Status_Animation":"YES"}})",
+  Host({R"({"do":"program","path":"C:\\tools\\vb6.exe"})",
+        R"({"do":"load","bag":{"I_want_Status_Animation":"YES"}})",
         R"({"do":"call","member":"Start_Real_Action"})", R"({"do":"run","ms":20000})",
         R"({"id":1,"do":"end"})"});
   Lines windows;

@@ -23,25 +23,28 @@ struct Devices {
   using Output = windows::WaveOutput;
   using SoundCues = windows::SoundCues;
 
-  windows::EventLoop events;
-
   std::unique_ptr<WaveInput> Default_Input() {
     return std::make_unique<windows::WaveInput>(events);
   }
-  Output Default_Output() {
-    return Output{events};
-#else struct Devices {
-      using Output = linux::WaveOutput;
-      using SoundCues = linux::SoundCues;
+  Output Default_Output() { return Output{events}; }
+  SoundCues Default_Cues() { return SoundCues{}; }
 
-      linux::EventLoop events;
-      std::shared_ptr<const linux::PortAudio> audio = std::make_shared<const linux::PortAudio>();
+  windows::EventLoop events;
+};
+#else
+struct Devices {
+  using Output = linux::WaveOutput;
+  using SoundCues = linux::SoundCues;
 
-      std::unique_ptr<WaveInput> Default_Input() {
-        return std::make_unique<linux::WaveInput>(events, audio, "");
-      }
-      Output Default_Output() {
-        return {events, audio};
+  std::unique_ptr<WaveInput> Default_Input() {
+    return std::make_unique<linux::WaveInput>(events, audio, "");
+  }
+  Output Default_Output() { return {events, audio}; }
+  SoundCues Default_Cues() { return SoundCues{audio}; }
+
+  linux::EventLoop events;
+  std::shared_ptr<const linux::PortAudio> audio = std::make_shared<const linux::PortAudio>();
+};
 #endif
 
-      }  // namespace quillspeech::tests
+}  // namespace quillspeech::tests

@@ -4,6 +4,8 @@
 #include "audio/echo.hpp"
 #include "audio/live_capture.hpp"
 #include "platform/headless/data_file.hpp"
+#include "platform/headless/dialogs.hpp"
+#include "platform/headless/form_view.hpp"
 #include "platform/headless/host_program.hpp"
 #include "platform/headless/message_boxes.hpp"
 #include "platform/headless/riff_file.hpp"
@@ -41,9 +43,12 @@ class SessionOnDevices : public DeviceTest {
   headless::Shell shell;
   headless::RiffFiles riff_files;
   headless::DataFileStore data_files;
+  headless::Dialogs dialogs;
+  headless::FormViews views;
   std::unique_ptr<quillspeech::WaveInput> input = Default_Input();
   Output output = Default_Output();
-  Session session{Ports{events, boxes, host, cues, shell, riff_files, *input, output, data_files}};
+  Session session{Ports{events, boxes, host, cues, shell, riff_files, *input, output, data_files,
+                        dialogs, views}};
 };
 
 TEST_F(SessionOnDevices, A_capture_fills_by_itself_and_is_stopped_afterwards) {

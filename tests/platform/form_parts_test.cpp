@@ -52,7 +52,7 @@ TEST_F(FormMenus, They_keep_their_order_and_change_their_captions) {
   std::vector<std::string> captions;
   for (const FormMenu& menu : form->Menus()) captions.push_back(menu.caption);
   EXPECT_EQ(captions, (Heard{"&File", "Open another", "-", "Find", "By &Word"}));
-  EXPECT_TRUE(form->Menu("mnuLine").Is_Separator());
+  EXPECT_TRUE(form->Menu("mnuLine").is_line);
 }
 
 TEST_F(FormMenus, A_menu_that_is_not_there_is_failure_5) {
@@ -114,6 +114,25 @@ TEST_F(FormDrawings, A_whole_drawing_can_be_laid_on_a_picture_or_on_the_ground_o
   form->Set_Ground(drawing);
   EXPECT_EQ(Drawn(), drawing);
   EXPECT_EQ(form->Ground(), drawing);
+}
+
+TEST_F(FormDrawings, The_ground_can_be_changed_in_its_place) {
+  form->Set_Ground({{0, 0, 1, 1}, {Drawn_Line({0, 0}, {1, 1}, 1U)}});
+  form->Change_Ground([](FormDrawing& ground) {
+    ground.operations.push_back(Drawn_Box({0, 0}, {1, 1}, 2U));
+  });
+  ASSERT_EQ(form->Ground().operations.size(), 2U);
+  EXPECT_EQ(form->Ground().operations[1].kind, DrawingKind::Box);
+}
+
+TEST_F(FormDrawings, A_picture_file_stands_beside_the_drawing_until_it_is_taken_away) {
+  const FormDrawing drawing{{0, 0, 1, 1}, {Drawn_Line({0, 0}, {1, 1}, 1U)}};
+  form->Set_Drawing("Picture1", drawing);
+  form->Set_Picture("Picture1", std::string("BM\0\1", 4));
+  EXPECT_EQ((*form)["Picture1"].picture, std::string("BM\0\1", 4));
+  EXPECT_EQ(Drawn(), drawing);
+  form->Set_Picture("Picture1", "");
+  EXPECT_EQ((*form)["Picture1"].picture, "");
 }
 
 }  // namespace

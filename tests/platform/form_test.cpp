@@ -347,18 +347,23 @@ TEST_F(FormViewing, The_view_is_told_of_menus_and_drawings) {
   form->Set_Scale("Command1", {0, 0, 2, 2});
   form->Clear_Drawing("Command1");
   form->Set_Ground({{0, 0, 2, 2}, {}});
+  form->Change_Ground([](FormDrawing& ground) { ground.scale.right = 3; });
+  form->Set_Picture("Command1", "GIF89a");
   EXPECT_EQ(view.told, (Told{{"mnuOpen", FormChange::Text},
                              {"mnuOpen", FormChange::Enabled},
                              {"mnuOpen", FormChange::Visible},
                              {"Command1", FormChange::Drawing},
                              {"Command1", FormChange::Drawing},
                              {"Command1", FormChange::Drawing},
-                             {"Form", FormChange::Drawing}}));
+                             {"Form", FormChange::Drawing},
+                             {"Form", FormChange::Drawing},
+                             {"Command1", FormChange::Drawing}}));
   form->Set_Menu_Visible("mnuOpen", false);
   form->Clear_Drawing("Command1");
   form->Set_Scale("Command1", {0, 0, 2, 2});
-  form->Set_Ground({{0, 0, 2, 2}, {}});
-  EXPECT_EQ(view.told.size(), 7U);
+  form->Set_Ground({{0, 0, 3, 2}, {}});
+  form->Set_Picture("Command1", "GIF89a");
+  EXPECT_EQ(view.told.size(), 9U);
 }
 
 TEST_F(FormViewing, The_view_hears_nothing_of_a_value_that_stands_already) {

@@ -1,117 +1,96 @@
 #include "presentation/audio_graph.hpp"
 
-#include <gtest/gtest.h>
+#include "tests/presentation/window_fixture.hpp"
+#include "tests/support/failures.hpp"
 
-#include "base/run_time_failure.hpp"
-#include "tests/support/test_session.hpp"
-
-namespace quillspeech {
+namespace quillspeech::tests {
 namespace {
 
-// A session that found words, as it stands when the graph is drawn.
-void Put_Sample(Session& session, const std::vector<std::int16_t>& grid) {
-  session.words.Decimated_Samples.Resize(static_cast<std::int64_t>(grid.size()) + 1);
-  for (std::size_t i = 0; i < grid.size(); ++i) {
-    session.words.Decimated_Samples.Put(static_cast<std::int64_t>(i) + 1, grid[i]);
-  }
-  session.words.Decimated_Count = static_cast<std::int64_t>(grid.size());
-}
+constexpr FormColour Red = 0x000000FF;
+constexpr FormColour Yellow = 0x0000FFFF;
+constexpr FormColour Black = 0;
 
-void Put_Words(Session& session, const std::vector<std::pair<int, int>>& bounds) {
-  WordTables& words = session.words;
-  const auto count = static_cast<std::int64_t>(bounds.size());
-  words.Word_Start.Resize(count);
-  words.Word_End.Resize(count);
-  for (std::int64_t i = 1; i <= count; ++i) {
-    words.Word_Start.Put(i, bounds[static_cast<std::size_t>(i - 1)].first);
-    words.Word_End.Put(i, bounds[static_cast<std::size_t>(i - 1)].second);
+struct AudioGraph : WindowTest {
+  FormDrawing Drawn(const std::vector<std::int16_t>& grid,
+                    const std::vector<std::pair<int, int>>& words) {
+    Put_Grid(session, grid);
+    Put_Words(session, words);
+    return Audio_Graph_Drawing(session);
   }
-  words.Probable_no_of_words_recognized = count;
-}
+};
 
-TEST(AudioGraph, The_caption_names_the_control_its_version_and_its_maker) {
+TEST_F(AudioGraph, The_caption_names_the_control_its_version_and_its_maker) {
   EXPECT_EQ(Audio_Graph_Caption(),
             "Quillspeech\xAE"
             "Audio Graph Version 1.2.400\xA9"
             "Corvane Studio Works");
 }
 
-TEST(AudioGraph, Each_word_is_a_box_in_grid_units_red_and_yellow_in_turn) {
-  tests::TestSession test;
-  Put_Sample(test.session, {0, 0, 0});
-  Put_Words(test.session, {{25, 60}, {100, 250}, {300, 300}});
-  AudioGraph graph;
-  Draw_Audio_Graph(test.session, graph);
-  ASSERT_EQ(graph.boxes.size(), 3U);
-  EXPECT_EQ(graph.boxes[0].left, 1.0);
-  EXPECT_EQ(graph.boxes[0].right, 2.4);
-  EXPECT_EQ(graph.boxes[0].colour, AudioGraph::Colour::Red);
-  EXPECT_EQ(graph.boxes[1].left, 4.0);
-  EXPECT_EQ(graph.boxes[1].right, 10.0);
-  EXPECT_EQ(graph.boxes[1].colour, AudioGraph::Colour::Yellow);
-  EXPECT_EQ(graph.boxes[2].colour, AudioGraph::Colour::Red);
+TEST_F(AudioGraph, The_scale_counts_grid_points_across_and_centred_samples_upwards) {
+  EXPECT_EQ(Drawn({1, 2, 3}, {}).scale, (DrawingScale{0, 128, 3, -128}));
 }
 
-TEST(AudioGraph, The_line_falls_from_the_top_left_corner_to_the_first_sample) {
-  tests::TestSession test;
-  Put_Sample(test.session, {-7, 100, -128});
-  AudioGraph graph;
-  Draw_Audio_Graph(test.session, graph);
-  ASSERT_EQ(graph.line.size(), 4U);
-  const int expected[4][2] = {{0, 128}, {1, -7}, {2, 100}, {3, -128}};
-  for (std::size_t i = 0; i < 4; ++i) {
-    EXPECT_EQ(graph.line[i].x, expected[i][0]);
-    EXPECT_EQ(graph.line[i].y, expected[i][1]);
-  }
-  EXPECT_EQ(graph.Graph_Point_Count, 3);
+TEST_F(AudioGraph, Each_word_is_a_filled_box_in_grid_units_red_and_yellow_in_turn) {
+  const auto graph = Drawn({0, 0, 0}, {{25, 60}, {100, 250}, {300, 300}});
+  ASSERT_EQ(graph.operations.size(), 4U);
+  EXPECT_EQ(graph.operations[0], Drawn_Box({1, 128}, {2.4, -128}, Red));
+  EXPECT_EQ(graph.operations[1], Drawn_Box({4, 128}, {10, -128}, Yellow));
+  EXPECT_EQ(graph.operations[2], Drawn_Box({12, 128}, {12, -128}, Red));
 }
 
-TEST(AudioGraph, A_sample_without_words_has_a_line_and_no_box) {
-  tests::TestSession test;
-  Put_Sample(test.session, {1, 2});
-  AudioGraph graph;
-  Draw_Audio_Graph(test.session, graph);
-  EXPECT_TRUE(graph.boxes.empty());
-  EXPECT_EQ(graph.line.size(), 3U);
+TEST_F(AudioGraph, The_line_falls_from_the_top_left_corner_to_the_first_sample) {
+  const auto graph = Drawn({-7, 100, -128}, {});
+  ASSERT_EQ(graph.operations.size(), 1U);
+  EXPECT_EQ(graph.operations[0], Drawn_Lines({{0, 128}, {1, -7}, {2, 100}, {3, -128}}, Black));
 }
 
-TEST(AudioGraph, A_run_clears_what_the_last_one_drew_and_printed) {
-  tests::TestSession test;
-  Put_Sample(test.session, {1, 2});
-  Put_Words(test.session, {{25, 50}});
-  AudioGraph graph;
-  Draw_Audio_Graph(test.session, graph);
+TEST_F(AudioGraph, The_line_lies_above_the_words) {
+  const auto graph = Drawn({1}, {{0, 25}});
+  EXPECT_EQ(graph.operations.back().kind, DrawingKind::Lines);
+}
+
+TEST_F(AudioGraph, A_sample_without_words_has_a_line_and_no_box) {
+  const auto graph = Drawn({1, 2}, {});
+  ASSERT_EQ(graph.operations.size(), 1U);
+  EXPECT_EQ(graph.operations[0].points.size(), 3U);
+}
+
+TEST_F(AudioGraph, A_sample_without_a_grid_point_is_an_empty_drawing_on_a_scale_that_holds) {
+  const auto graph = Drawn({}, {});
+  EXPECT_TRUE(graph.operations.empty());
+  EXPECT_NE(graph.scale.left, graph.scale.right);
+}
+
+TEST_F(AudioGraph, A_text_begins_in_the_middle_of_the_top_in_small_letters) {
+  FormDrawing graph = Drawn({1, 2, 3}, {});
   Print_On_Graph(graph, "Noise Found on 1 0 0");
-  test.session.words.Probable_no_of_words_recognized = 0;
-  Draw_Audio_Graph(test.session, graph);
-  EXPECT_TRUE(graph.boxes.empty());
-  EXPECT_EQ(graph.line.size(), 3U);
-  EXPECT_EQ(graph.printed_text, "");
+  ASSERT_EQ(graph.operations.size(), 2U);
+  const DrawingOperation& text = graph.operations[1];
+  EXPECT_EQ(text.kind, DrawingKind::Text);
+  EXPECT_EQ(text.text, "Noise Found on 1 0 0");
+  EXPECT_EQ(text.points, (std::vector<DrawingPoint>{{1.5, 128}}));
+  EXPECT_EQ(text.font.name, "Small Fonts");
 }
 
-TEST(AudioGraph, A_text_begins_in_the_middle_and_covers_the_one_before) {
-  tests::TestSession test;
-  Put_Sample(test.session, {1, 2, 3});
-  AudioGraph graph;
-  Draw_Audio_Graph(test.session, graph);
+TEST_F(AudioGraph, A_text_takes_the_place_of_the_one_before) {
+  FormDrawing graph = Drawn({1, 2, 3}, {});
   Print_On_Graph(graph, "Noise Found on 1 0 0");
   Print_On_Graph(graph, "Noise Found on 2 0 0");
-  EXPECT_EQ(graph.text_left, 1.5);
-  EXPECT_EQ(graph.printed_text, "Noise Found on 2 0 0");
+  ASSERT_EQ(graph.operations.size(), 2U);
+  EXPECT_EQ(graph.operations[1].text, "Noise Found on 2 0 0");
 }
 
-TEST(AudioGraph, More_words_than_the_tables_hold_are_a_failure) {
-  tests::TestSession test;
-  Put_Sample(test.session, {1, 2});
-  test.session.words.Probable_no_of_words_recognized = 2;
-  AudioGraph graph;
-  try {
-    Draw_Audio_Graph(test.session, graph);
-    FAIL() << "no failure";
-  } catch (const RunTimeFailure& failure) {
-    EXPECT_EQ(failure.Number(), 9);
-  }
+TEST_F(AudioGraph, More_words_than_the_tables_hold_are_a_failure) {
+  Put_Grid(session, {1, 2});
+  session.words.Probable_no_of_words_recognized = 2;
+  EXPECT_EQ(Failure_Of([this] { Audio_Graph_Drawing(session); }), 9);
+}
+
+TEST_F(AudioGraph, More_grid_points_than_the_table_holds_are_a_failure) {
+  Put_Grid(session, {1, 2});
+  session.words.Decimated_Count = 100;
+  EXPECT_EQ(Failure_Of([this] { Audio_Graph_Drawing(session); }), 9);
 }
 
 }  // namespace
-}  // namespace quillspeech
+}  // namespace quillspeech::tests

@@ -1,6 +1,8 @@
 // Modal forms, children in a host's window, and the keyboard.
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "core/face_form.hpp"
 #include "tests/support/test_control.hpp"
 #include "tests/windows/form_screen.hpp"
@@ -16,6 +18,26 @@ TEST_F(FormModals, A_modal_show_returns_when_the_form_is_closed) {
   Later([this] { PostMessageW(Window(), WM_CLOSE, 0, 0); });
   views.Show(*form, Modality::Modal);
   EXPECT_EQ(heard, (Heard{"Form_Load", "Form_Unload"}));
+}
+
+TEST_F(FormModals, What_waits_in_the_queue_behind_the_end_comes_after_the_return) {
+  TestWindow other;
+  bool is_closed = false;
+  bool has_returned = false;
+  bool came_after = false;
+  other.at_message = [&](UINT message) {
+    if (message == WM_APP) came_after = has_returned;
+  };
+  Later([&] {
+    if (std::exchange(is_closed, true)) return;
+    PostMessageW(Window(), WM_CLOSE, 0, 0);
+    PostMessageW(other.Handle(), WM_APP, 0, 0);
+  });
+  views.Show(*form, Modality::Modal);
+  has_returned = true;
+  Run();
+  EXPECT_EQ(other.Count(WM_APP), 1);
+  EXPECT_TRUE(came_after);
 }
 
 TEST_F(FormModals, The_threads_other_windows_take_no_input_meanwhile) {

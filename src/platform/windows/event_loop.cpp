@@ -145,6 +145,7 @@ bool EventLoop::Dispatch_Messages() {
       return true;
     }
     (Dispatch(message) ? was_other : was_ours) = true;
+    if (wait_holds_ && !(*wait_holds_)()) return true;
   }
   return was_other || !was_ours;
 }
@@ -216,6 +217,24 @@ void EventLoop::Wait_For_Events() {
     TimedLoop::Wait_For_Events();
   }
   wait_ended_ = Now();
+}
+
+class EventLoop::Condition {
+ public:
+  Condition(EventLoop& loop, const std::function<bool()>& holds)
+      : loop_(loop), outer_(std::exchange(loop.wait_holds_, &holds)) {}
+  ~Condition() { loop_.wait_holds_ = outer_; }
+  Condition(const Condition&) = delete;
+  Condition& operator=(const Condition&) = delete;
+
+ private:
+  EventLoop& loop_;
+  const std::function<bool()>* outer_;
+};
+
+void EventLoop::Wait_For_Events_While(const std::function<bool()>& holds) {
+  const Condition condition(*this, holds);
+  Wait_For_Events();
 }
 
 void EventLoop::Pass(Time least) { TimedLoop::Pass(is_quitting_ ? Time{0} : least); }

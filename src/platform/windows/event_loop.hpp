@@ -27,6 +27,9 @@ class EventLoop final : public TimedLoop {
   Time Now() const override;
   // Nothing that is due keeps the messages from their turn. Ticks come at most every 10 ms.
   void Wait_For_Events() override;
+  // The same, and once it holds no more no further message is taken: it is the business of whoever
+  // waits outside.
+  void Wait_For_Events_While(const std::function<bool()>& holds);
   // Takes no time once the thread is told to quit.
   void Pass(Time least) override;
 
@@ -62,6 +65,8 @@ class EventLoop final : public TimedLoop {
   void Move_To_This_Thread();
 
  private:
+  class Condition;
+
   static LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
 
   void Make_Window();
@@ -90,8 +95,9 @@ class EventLoop final : public TimedLoop {
   std::optional<Time> tick_;  // when the window's timer comes
   Time last_look_{0};
   Time wait_ended_{0};
-  Time wait_until_{0};            // of the wait that begins, whatever is due before
-  bool is_in_host_loop_ = false;  // the last tick came by one
+  Time wait_until_{0};  // of the wait that begins, whatever is due before
+  const std::function<bool()>* wait_holds_ = nullptr;  // of the innermost wait that has one
+  bool is_in_host_loop_ = false;                       // the last tick came by one
   bool is_quitting_ = false;
   bool is_to_rest_ = false;
   std::atomic<bool> is_resting_ = false;

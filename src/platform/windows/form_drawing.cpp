@@ -1,6 +1,8 @@
 #include "platform/windows/form_drawing.hpp"
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 #include "platform/windows/form_colours.hpp"
 #include "platform/windows/form_fonts.hpp"
@@ -16,6 +18,19 @@ constexpr int Drawing_Margin = 45;  // around a button's drawing, in twips
 bool Is_Visible(const Form& form, const FormControl& control) {
   const FormControl* const parent = form.Find(control.parent);
   return control.visible && (!parent || Is_Visible(form, *parent));
+}
+
+// Each line of the text in as many lines as it takes.
+std::vector<std::wstring> Wrapped(std::wstring_view text, int width, const TextMeasure& measure) {
+  std::vector<std::wstring> lines;
+  while (true) {
+    const std::size_t end = std::min(text.find(L'\n'), text.size());
+    std::wstring_view line = text.substr(0, end);
+    if (line.ends_with(L'\r')) line.remove_suffix(1);
+    for (std::wstring& part : measure.Lines(line, width)) lines.push_back(std::move(part));
+    if (end == text.size()) return lines;
+    text.remove_prefix(end + 1);
+  }
 }
 
 // One drawing of one form.
@@ -71,7 +86,10 @@ class Drawing {
     const TextMeasure measure(font);
     // As an edit field keeps away from its edge.
     InflateRect(&place, -scale_.Across(Field_Margin) - 1, -1);
-    Draw_Lines(device_, place, {Wide(field.text)}, measure,
+    const std::wstring text = Wide(field.text);
+    const auto lines = field.multi_line ? Wrapped(text, Width_Of(place), measure)
+                                        : std::vector<std::wstring>{text};
+    Draw_Lines(device_, place, lines, measure,
                {font, Text_Colour_Of(form_, field), field.alignment,
                 field.kind == FormControlKind::ComboBox});
   }
@@ -83,7 +101,7 @@ class Drawing {
     const std::wstring text = Without_Mnemonic(label.text);
     const TextStyle style{font, Text_Colour_Of(form_, label), label.alignment, !label.multi_line};
     if (label.multi_line) {
-      Draw_Lines(device_, place, measure.Lines(text, Width_Of(place)), measure, style);
+      Draw_Lines(device_, place, Wrapped(text, Width_Of(place), measure), measure, style);
     } else {
       Draw_Lines(device_, place, {measure.With_Dots(text, Width_Of(place))}, measure, style);
     }

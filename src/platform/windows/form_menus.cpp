@@ -23,9 +23,9 @@ void Append(HMENU bar, const FormMenu& menu, UINT command, HMENU opens) {
   item.cbSize = sizeof item;
   item.fMask = MIIM_ID | MIIM_FTYPE | MIIM_STATE;
   item.wID = command;
-  item.fType = menu.Is_Separator() ? MFT_SEPARATOR : MFT_STRING;
+  item.fType = menu.is_line ? MFT_SEPARATOR : MFT_STRING;
   item.fState = menu.enabled ? MFS_ENABLED : MFS_GRAYED;
-  if (!menu.Is_Separator()) {
+  if (!menu.is_line) {
     item.fMask |= MIIM_STRING;
     item.dwTypeData = const_cast<wchar_t*>(caption.c_str());
   }

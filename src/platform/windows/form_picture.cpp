@@ -14,7 +14,7 @@ namespace quillspeech::windows {
 namespace {
 
 constexpr double Twips_Per_Point = 20;
-constexpr double Far_Away = 1 << 24;  // what devices still count exactly
+constexpr double Far_Away = 32000;  // what every device, and a metafile, still counts
 
 // What no number is goes far away too.
 LONG Rounded(double place) { return std::lround(std::fmax(-Far_Away, std::fmin(Far_Away, place))); }
@@ -134,16 +134,44 @@ class Painter {
     Rectangle(device_, box.left, box.top, box.right, box.bottom);
   }
 
-  // A filled one has a thin edge of its colour: without, the system makes it a unit smaller.
+  // A filled one has a thin edge of its colour: without, the system makes it a unit smaller. The
+  // smallest would not show.
   void Circle(const DrawingOperation& operation) {
     const double radius = std::fabs(operation.radius * Units_Across());
     const LONG width = std::max<LONG>(1, Rounded(2 * radius));
     const LONG left = Rounded(Across(operation.points[0].x) - radius);
     const LONG top = Rounded(Down(operation.points[0].y) - radius);
-    const DrawsWith filling(device_, Filling_For(operation));
-    const DrawsWith pen(device_, operation.is_filled ? CreatePen(PS_SOLID, 0, operation.colour)
-                                                     : Pen_For(operation));
-    Ellipse(device_, left, top, left + width, top + width);
+    const int thickness = Thickness(operation.line_points);
+    const DrawsWith filling(device_, operation.is_filled || width <= 2 || thickness > 1
+                                         ? CreateSolidBrush(operation.colour)
+                                         : GetStockObject(NULL_BRUSH));
+    if (width <= 2) {
+      PatBlt(device_, left, top, width, width, PATCOPY);
+    } else if (!operation.is_filled && thickness > 1) {
+      // An even number of dots lies on both sides of the edge, an odd one in the middle of its dot.
+      const double middle = (width - thickness % 2) / 2.0;
+      Ring(left + width / 2.0, top + width / 2.0, middle + thickness / 2.0,
+           std::fmax(0, middle - thickness / 2.0));
+    } else {
+      const DrawsWith pen(device_, CreatePen(PS_SOLID, 0, operation.colour));
+      Ellipse(device_, left, top, left + width, top + width);
+    }
+  }
+
+  // Row by row, between two circles: thick pens leave bumps on round edges.
+  void Ring(double x, double y, double outer, double inner) {
+    const LONG top = std::max(surface_.top, Rounded(y - outer));
+    const LONG bottom = std::min(surface_.bottom, Rounded(y + outer));
+    for (LONG row = top; row < bottom; ++row) {
+      const double away = row + 0.5 - y;
+      const double far_off = std::sqrt(std::fmax(0, outer * outer - away * away));
+      const double near_by = std::sqrt(std::fmax(0, inner * inner - away * away));
+      Row(row, Rounded(x - far_off), Rounded(x - near_by));
+      Row(row, Rounded(x + near_by), Rounded(x + far_off));
+    }
+  }
+  void Row(LONG row, LONG left, LONG right) {
+    PatBlt(device_, left, row, right - left, 1, PATCOPY);
   }
 
   void Text(const DrawingOperation& operation) {

@@ -109,7 +109,7 @@ void FormViews::Wait_While_Shown(FormWindow& window) {
       window.Hide();
       return;
     }
-    loop_.Wait_For_Events();
+    loop_.Wait_For_Events_While([&] { return window.Is_Shown(); });
   }
 }
 

@@ -1,0 +1,174 @@
+#include "editors/engine_editor.hpp"
+
+#include <array>
+#include <string>
+
+#include "base/rounding.hpp"
+#include "base/spelled_number.hpp"
+#include "base/text.hpp"
+#include "editors/shown_text.hpp"
+#include "recognition/engine_table.hpp"
+#include "recognition/like_match.hpp"
+#include "session/failure_trap.hpp"
+#include "session/open_records.hpp"
+
+namespace quillspeech {
+namespace {
+
+using datafiles::EgnRecord;
+
+constexpr std::string_view Title = "Quillspeech Engine Editor";
+constexpr std::string_view Info_Title = "Quillspeech Engine Editor Info.";
+
+void Refuse_Name(VocabularyAndEngineEditor& editor, std::string_view title) {
+  Show_Box(editor.session,
+           "You did not enter a file name or the name is not valid, verify and try again", title);
+}
+
+// Two points refuse a name, also when they lie in its folder.
+bool Has_Two_Points(std::string_view name) { return Like_Match(name, "*.*.*"); }
+
+void Show_Engine_Record(VocabularyAndEngineEditor& editor) {
+  EgnRecord& record = editor.Engine();
+  For_Each_Engine_Entry([&](const EngineGroup& group, int entry) {
+    const int element = group.Element(entry);
+    const std::string text = Trimmed(record.EngineSlots(element));
+    record.EngineSlots(element, text);
+    editor.DatabaseVE().Set_Menu_Caption(Menu_Of(group, entry), Shown(text));
+  });
+}
+
+// The running table stays: it changes when the engine is loaded anew.
+void Open_Engine_File(VocabularyAndEngineEditor& editor, const std::string& name) {
+  Session& session = editor.session;
+  Open_Records(session.data, editor.Engine(), session.ports.data_files, name);
+  editor.Engine_File_Name = name;
+  Show_Engine_Record(editor);
+}
+
+void Command3_Click(VocabularyAndEngineEditor& editor) {
+  const std::string name =
+      Trimmed(Ask_File(editor.session, "Open Quillspeech Engine to Edit", "*.EGN"));
+  if (Has_Two_Points(name)) return Refuse_Name(editor, Info_Title);
+  if (name == "*.EGN") return;
+  if (!Like_Match(name, "*.E??") && !Like_Match(name, "*.e??")) {
+    return Refuse_Name(editor, Info_Title);
+  }
+  Open_Engine_File(editor, name);
+}
+
+void mnuEFoef_Click(VocabularyAndEngineEditor& editor) {
+  editor.session.data.Main_File_Number.Close();
+  const std::string name = Trimmed(Ask_Text(
+      editor.session, "Open this existing or new *.egn File :", "Open:", editor.Engine_File_Name));
+  if (Has_Two_Points(name)) return Refuse_Name(editor, Info_Title);
+  if (!Is_Engine_File_Name(name)) return Refuse_Name(editor, Title);
+  Open_Engine_File(editor, name);
+}
+
+void Save_Engine_Record(VocabularyAndEngineEditor& editor) {
+  EgnRecord& record = editor.Engine();
+  For_Each_Engine_Entry([&](const EngineGroup& group, int entry) {
+    record.EngineSlots(group.Element(entry),
+                       Trim(editor.DatabaseVE().Menu(Menu_Of(group, entry)).caption));
+  });
+  RecordFile& file = editor.session.data.Main_File_Number;
+  file.Write(record.RecordNo(), record.Bytes());
+  file.Close();
+}
+
+void Save_Engine_File(VocabularyAndEngineEditor& editor) {
+  Session& session = editor.session;
+  if (editor.Engine_File_Name.empty() || !session.data.Main_File_Number.Is_Open()) {
+    Show_Box(session,
+             "You have'nt opened a Engine file yet. Please open a new or an existing file and then "
+             "SAVE",
+             "Quillspeech Engine Editor.");
+    return;
+  }
+  const BoxAnswer answer = Show_Box(
+      session, "Are you ready to save this engine record in file  " + editor.Engine_File_Name,
+      Title, BoxIcon::None, BoxButtons::YesNo);
+  if (answer != BoxAnswer::No) Save_Engine_Record(editor);
+}
+
+void mnuEFsef_Click(VocabularyAndEngineEditor& editor) {
+  Run_Trapped(editor.session, [&] { Save_Engine_File(editor); });
+}
+
+void Command4_Click(VocabularyAndEngineEditor& editor) {
+  Load_Default_Engine_Table(editor.session);
+  Show_Running_Table(editor);
+}
+
+constexpr std::string_view Pass_Value_Prompt =
+    "Please enter the engine input filter's( category ) pass criteria";
+
+// The caption shows the answer even when its value then does not fit.
+void Take_Filter_Pass_Value(VocabularyAndEngineEditor& editor, const std::string& answer) {
+  editor.DatabaseVE().Set_Menu_Caption("mnuEFCT", std::string(Pass_Value_Prompt) + "..." + answer);
+  editor.session.settings.Filter_Pass_Value = Round_To_16(Numeric_Value(answer));
+}
+
+void Command5_Click(VocabularyAndEngineEditor& editor) {
+  const std::string answer = Ask_Text(editor.session, Pass_Value_Prompt, "Enter threshold value:");
+  if (!Is_Numeric(answer)) {
+    Show_Box(editor.session, "Incorrect data format, cannot use the value you specified.Try again",
+             Title);
+    return;
+  }
+  Take_Filter_Pass_Value(editor, answer);
+}
+
+// Whatever is no number counts as 0, an answer that was cancelled too.
+void mnuEFCT_Click(VocabularyAndEngineEditor& editor) {
+  Take_Filter_Pass_Value(editor, Ask_Text(editor.session, Pass_Value_Prompt, "Enter threshold:"));
+}
+
+constexpr auto Commands = std::to_array<DatabaseVECommand>({
+    {"Command3", Command3_Click},
+    {"Command4", Command4_Click},
+    {"Command5", Command5_Click},
+    {"mnuEFoef", mnuEFoef_Click},
+    {"mnuEFsef", mnuEFsef_Click},
+    {"mnuEFCT", mnuEFCT_Click},
+});
+
+}  // namespace
+
+DatabaseVECommands Engine_Commands() { return Commands; }
+
+void Connect_Engine_Entries(VocabularyAndEngineEditor& editor) {
+  For_Each_Engine_Entry([&](const EngineGroup& group, int entry) {
+    editor.DatabaseVE().On(Menu_Of(group, entry), FormEvent::Click,
+                           [&editor, &group, entry] { Edit_Engine_Entry(editor, group, entry); });
+  });
+}
+
+void Show_Filter_Pass_Value(VocabularyAndEngineEditor& editor) {
+  editor.DatabaseVE().Set_Menu_Caption(
+      "mnuEFCT", "Engine Filter Pass Criteria  : " +
+                     std::to_string(editor.session.settings.Filter_Pass_Value.Raw()));
+}
+
+void Show_Running_Table(VocabularyAndEngineEditor& editor) {
+  const auto& table = editor.session.filter.Engine_Table;
+  For_Each_Engine_Entry([&](const EngineGroup& group, int entry) {
+    editor.DatabaseVE().Set_Menu_Caption(Menu_Of(group, entry),
+                                         Shown(Trim(table[group.Element(entry)])));
+  });
+}
+
+void Edit_Engine_Entry(VocabularyAndEngineEditor& editor, const EngineGroup& group, int entry) {
+  constexpr int Most_Entries = 15;
+  if (entry > Most_Entries) return;
+  const std::string text =
+      Trimmed(Ask_Text(editor.session,
+                       "Please enter your data here for " + std::string(group.name) + " ..." +
+                           std::to_string(entry + group.prompt_offset),
+                       "Enter vyanjana:"));
+  editor.DatabaseVE().Set_Menu_Caption(Menu_Of(group, entry), text);
+  editor.session.filter.Engine_Table[entry] = text;
+}
+
+}  // namespace quillspeech

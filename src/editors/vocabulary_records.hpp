@@ -1,0 +1,21 @@
+// The Vocabulary Editor: the record in the buffer, from the file and back and on display.
+#pragma once
+
+#include <string_view>
+
+#include "editors/database_ve.hpp"
+
+namespace quillspeech {
+
+// Without the blanks behind it; those in front are part of the name.
+std::string_view Name_Of(const datafiles::VocRecord& record);
+
+// Failures as of RecordFile. In a file that counts no record every record is record 1.
+void Read_Record(VocabularyAndEngineEditor& editor, std::int64_t number);
+void Write_Record(VocabularyAndEngineEditor& editor);  // at its RecordNo
+
+// Shows the name, the count and the curve as circles on the scale of the graph. A count above the
+// array is failure 9, after all values that there are have been drawn.
+void Display_Record(VocabularyAndEngineEditor& editor);
+
+}  // namespace quillspeech

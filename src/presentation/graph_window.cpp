@@ -1,0 +1,45 @@
+#include "presentation/graph_window.hpp"
+
+#include <memory>
+
+#include "presentation/audio_graph.hpp"
+
+namespace quillspeech {
+namespace {
+
+constexpr FormSize Graph_Size{9600, 4800};
+constexpr FormColour White = 0x00FFFFFF;
+
+}  // namespace
+
+GraphWindow::GraphWindow(Session& session) : session_(session), graph_("Graph", "", Graph_Size) {
+  graph_.Set_Back_Colour(White);
+  graph_.On(Form::Itself, FormEvent::Load, [this] {
+    graph_.Set_Caption(Audio_Graph_Caption());
+    graph_.Set_Ground({});
+  });
+}
+
+// A window on show stays where a person has put it: to come to the front with every sample would
+// take the keyboard away from the program that is being tried.
+void GraphWindow::Draw_Audio_Graph() {
+  FormViews& views = session_.ports.views;
+  if (!views.Is_Shown(graph_)) views.Show(graph_, Modality::None);
+  graph_.Set_Ground({});
+  graph_.Set_Ground(Audio_Graph_Drawing(session_));
+}
+
+void GraphWindow::Print(std::string_view text) {
+  if (!graph_.Is_Loaded()) return;
+  graph_.Change_Ground([&](FormDrawing& ground) { Print_On_Graph(ground, text); });
+}
+
+void Connect_Graph_Window(Session& session) {
+  const auto window = std::make_shared<GraphWindow>(session);
+  Operations& operations = session.operations;
+  operations.Draw_Audio_Graph = [window](Session&) { window->Draw_Audio_Graph(); };
+  operations.Print_On_Graph = [window](Session&, std::string_view text) { window->Print(text); };
+  operations.Unload_Graph = [window](Session&) { window->Graph().Unload(); };
+}
+
+}  // namespace quillspeech

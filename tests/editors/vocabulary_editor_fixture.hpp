@@ -1,0 +1,79 @@
+// The Vocabulary Editor on files in memory, driven as by a person.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "base/text.hpp"
+#include "editors/vocabulary_editor.hpp"
+#include "tests/support/test_session.hpp"
+#include "tests/support/vocabulary_builder.hpp"
+
+namespace quillspeech::tests {
+
+struct VocabularyEditorTest : testing::Test, TestSession {
+  using VocRecord = datafiles::VocRecord;
+  using Texts = std::vector<std::string>;
+  static constexpr auto File = "my.SAY";
+
+  // The window, with the file of these records opened in it.
+  void Open(const std::vector<VocRecord>& records) {
+    data_files.files[File] = Vocabulary_File(records);
+    Open_File(File);
+  }
+  void Open_File(const std::string& name) {
+    editor.Load();
+    dialogs.files = {name};
+    Click("Command1");
+  }
+  void In_A_Design_Environment() { host.path = "C:\\VB6.EXE"; }
+
+  Form& Window() { return editor.DatabaseVE(); }
+  std::string Text(const std::string& control) { return Window()[control].text; }
+  const FormDrawing& Graph() { return Window()["Picture1"].drawing; }
+  const Texts& Lines() { return editor.DataDisplayVE()["Combo1"].items; }
+  // The number of the record in the buffer.
+  std::int64_t Current() { return editor.Vocabulary().RecordNo(); }
+
+  void Choose(const std::string& menu) { ASSERT_TRUE(Window().Choose_Menu(menu)) << menu; }
+  void Choose(const std::string& menu, const std::string& answer) {
+    dialogs.texts = {answer};
+    Choose(menu);
+  }
+  void Answer(const std::string& menu, BoxAnswer answer) {
+    boxes.answers = {answer};
+    Choose(menu);
+  }
+  void Click(const std::string& button) { ASSERT_TRUE(Window().Click(button)) << button; }
+  // A menu entry or a button.
+  void Do(const std::string& name) {
+    if (Window().Find_Menu(name)) return Choose(name);
+    Click(name);
+  }
+
+  const std::vector<std::uint8_t>& Bytes_On_Disk() { return data_files.files.at(File); }
+  VocRecord On_Disk(int number = 1) { return Vocabulary_Record(Bytes_On_Disk(), number); }
+  std::string Name_On_Disk(int number = 1) { return Trimmed(On_Disk(number).VocabularyName()); }
+
+  // Every box so far as "title|text".
+  Texts Told() const {
+    Texts told;
+    for (const auto& one : boxes.shown) told.push_back(one.box.title + "|" + one.box.text);
+    return told;
+  }
+
+  VocabularyAndEngineEditor editor{session};
+};
+
+inline std::vector<datafiles::VocRecord> Three_Curves() {
+  return {Curve("one", {10}), Curve("two", {20, 21}), Curve("three", {30, 31, 32})};
+}
+
+inline constexpr auto Refused_Name =
+    "Quillspeech Vocabulary Editor Info.|You did not enter a file name or the name is not valid, "
+    "verify and try again";
+
+}  // namespace quillspeech::tests
