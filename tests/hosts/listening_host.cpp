@@ -21,7 +21,7 @@
 #include "examples/control/late_binding.hpp"
 #include "platform/windows/text.hpp"
 #include "tests/hosts/atl_host.hpp"
-#include "tests/support/editor_session.hpp"
+#include "tests/support/editor_steps.hpp"
 #include "tests/windows/person.hpp"
 
 namespace quillspeech::tests {

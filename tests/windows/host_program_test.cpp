@@ -68,7 +68,8 @@ class RenamedProgram : public testing::Test, protected TemporaryFolder {
     windows::HostProgram host;
     const Ports& ports = test.session.ports;
     Session session{Ports{ports.events, ports.boxes, host, ports.cues, ports.shell,
-                          ports.riff_files, ports.wave_input, ports.wave_output, ports.data_files}};
+                          ports.riff_files, ports.wave_input, ports.wave_output, ports.data_files,
+                          ports.dialogs, ports.views}};
     return Is_Design_Environment(session) == True;
   }
 };

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/form.hpp"
-#include "tests/support/editor_session.hpp"
+#include "tests/support/editor_steps.hpp"
 #include "tests/windows/message_queue.hpp"
 
 namespace quillspeech::tests {
