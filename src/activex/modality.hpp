@@ -17,6 +17,7 @@ class Activations {
  public:
   void Add(const Activation& one) { all_.push_back(&one); }
   void Remove(const Activation& one) { std::erase(all_, &one); }
+  void Forget_All() { all_.clear(); }
 
   // The frames of those that are active in place, each once.
   std::vector<ComPtr<IOleInPlaceFrame>> Frames() const;
@@ -43,8 +44,8 @@ class ModalTime {
   const std::vector<ComPtr<IOleInPlaceFrame>> frames_;
 };
 
-// The same for whoever waits in a window of ours, until what this gives is let go. The session stays
-// on its thread meanwhile, and the file in memory: no control need be left behind the window.
+// The same for whoever waits in a window of ours, until what this gives is let go. The session
+// stays on its thread meanwhile, and the file in memory: no control need be left behind the window.
 std::shared_ptr<const void> Begin_Modal_Time(const Activations& activations);
 
 // Message boxes that lie before the window that a person works in: a modal one of ours, or else the

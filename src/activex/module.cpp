@@ -25,7 +25,8 @@ struct Module::Platform {
   Platform();
 
   void Stop_At_Once();
-  void Rest();
+  void Close_Devices();
+  void Forget_Ended_Thread();
 
   windows::EventLoop events;
   activex::Activations activations;
@@ -73,6 +74,13 @@ Module::Platform::Platform() {
   events.At_Quit = [this] { Stop_At_Once(); };
   views.At_Failure = [this] { Show_Failure(session, Current_Failure_Number()); };
   views.Owner = [this] { return activations.Top_Window(); };
+  views.Window_Life = [] {
+    struct Used {
+      CountedObject file;
+      CountedControl session;
+    };
+    return std::make_shared<const Used>();
+  };
   views.Modal_Time = [this] { return Begin_Modal_Time(activations); };
   events.Rest();  // until there is a control
 }
@@ -80,6 +88,7 @@ Module::Platform::Platform() {
 // The thread's message loop is told to end: whatever waits must come back to it. A host that goes
 // on all the same finds the session as a stop leaves it.
 void Module::Platform::Stop_At_Once() {
+  Ends_Well(session, [this] { session.operations.Unload_Database(session); });  // starts the clock
   Ends_Well(session, [this] { Halt_Session(session); });
   events.Enable(FormTimer::Timer2, false);
   events.Enable(FormTimer::Timer4, false);
@@ -87,11 +96,24 @@ void Module::Platform::Stop_At_Once() {
 }
 
 // What is left to the unloading of the file is memory and windows.
-void Module::Platform::Rest() {
+void Module::Platform::Close_Devices() {
   wave_input.Close_Stream();
   if (cues.Is_Sounding()) cues.Purge();
   wave_output.Cut();
-  events.Rest();
+}
+
+// What its controls had under way must not go on here: their sinks and sites were that thread's,
+// and so were the windows.
+void Module::Platform::Forget_Ended_Thread() {
+  Stop_At_Once();
+  const Operations& operations = session.operations;
+  for (const auto& unload :
+       {operations.Unload_Graph, operations.Unload_StatusBar, operations.Unload_Help}) {
+    Ends_Well(session, [&] { unload(session); });
+  }
+  Close_Devices();
+  events.Stop_Timers();
+  activations.Forget_All();
 }
 
 Module& Module::Of_This_File() {
@@ -103,6 +125,7 @@ Module& Module::Of_This_File() {
 void Module::Begin(HINSTANCE instance) { instance_ = instance; }
 
 void Module::End() noexcept {
+  ++generation_;  // what windows still stand count no longer
   platform_.reset();
   if (thread_handle_) ::CloseHandle(thread_handle_);
   thread_handle_ = nullptr;
@@ -148,30 +171,36 @@ void Module::Take_Thread() {
   thread_ = ::GetCurrentThreadId();
 }
 
-// All under one hold of the lock: a session that still rests is anybody's.
+// Entering and counting are under one hold of the lock: a session that still rests is anybody's.
 HRESULT Module::Enter_Thread(unsigned& generation) noexcept {
   return Guarded([&] {
-    const Exclusive exclusive(lock_);
-    if (!platform_) {
-      Take_Thread();
-      platform_ = std::make_unique<Platform>();
-    } else if (::GetCurrentThreadId() != thread_) {
-      if (!Has_Thread_Ended() && !platform_->events.Is_Resting()) return RPC_E_WRONG_THREAD;
-      Come_To_This_Thread();
+    bool has_ended = false;
+    {
+      const Exclusive exclusive(lock_);
+      if (!platform_) {
+        Take_Thread();
+        platform_ = std::make_unique<Platform>();
+      } else if (::GetCurrentThreadId() != thread_) {
+        if (!Has_Thread_Ended() && !platform_->events.Is_Resting()) return RPC_E_WRONG_THREAD;
+        has_ended = Come_To_This_Thread();
+      }
+      Count_Control();
+      generation = generation_;
     }
-    Count_Control();
-    generation = generation_;
+    if (has_ended) platform_->Forget_Ended_Thread();
     return S_OK;
   });
 }
 
-void Module::Come_To_This_Thread() {
+// Whether the thread before it has ended, with all that it had left behind.
+bool Module::Come_To_This_Thread() {
   const bool has_ended = Has_Thread_Ended();
   platform_->events.Move_To_This_Thread();
   Take_Thread();
-  if (!has_ended) return;
+  if (!has_ended) return false;
   controls_ = 0;
   ++generation_;
+  return true;
 }
 
 void Module::Count_Control() noexcept {
@@ -184,14 +213,16 @@ unsigned Module::Add_Control() noexcept {
   return generation_;
 }
 
-// One that an ended thread has left behind may be let go of when others live. Whatever enters
-// meanwhile finds the session not at rest: its devices may let messages in while they close.
+// One that an ended thread has left behind may be let go of when others live. Devices may let
+// messages in while they close, and so a new control.
 void Module::Remove_Control(unsigned generation) noexcept {
   {
     const Exclusive exclusive(lock_);
     if (generation != generation_ || --controls_ > 0) return;
   }
-  platform_->Rest();
+  platform_->Close_Devices();
+  const Exclusive exclusive(lock_);
+  if (generation == generation_ && controls_ == 0) platform_->events.Rest();
 }
 
 quillspeech::Session& Module::Session() { return platform_->session; }

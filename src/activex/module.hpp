@@ -65,7 +65,7 @@ class Module {
   ~Module() = default;
   bool Has_Thread_Ended() const noexcept;
   void Take_Thread();
-  void Come_To_This_Thread();
+  bool Come_To_This_Thread();
   void Count_Control() noexcept;
 
   HINSTANCE instance_ = nullptr;

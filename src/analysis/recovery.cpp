@@ -39,6 +39,7 @@ void Come_To_Rest(Session& session) {
   flags.Stopped_Marker = 1;
   session.data.Main_File_Number.Close();
   Unload_Windows(session);
+  session.ports.events.Enable(FormTimer::Timer5, false);  // the Language Editor starts it again
   Play_Stop_Cue(session);
 }
 

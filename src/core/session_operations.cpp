@@ -80,6 +80,7 @@ void End_Session(Session& session) {
                              operations.Unload_Database, operations.Unload_Help}) {
     unload(session);
   }
+  session.ports.events.Enable(FormTimer::Timer5, false);  // the Language Editor starts it again
   session.ports.cues.Purge();
 }
 

@@ -2,11 +2,19 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "base/rounding.hpp"
 #include "base/run_time_failure.hpp"
 
 namespace quillspeech {
+
+RecordFile& RecordFile::operator=(RecordFile&& other) noexcept {
+  edition_ = std::max(edition_, other.edition_) + 1;
+  file_ = std::move(other.file_);
+  record_bytes_ = other.record_bytes_;
+  return *this;
+}
 
 void RecordFile::Open(DataFileStore& store, const std::string& name, int record_bytes) {
   Close();

@@ -15,6 +15,11 @@ namespace quillspeech {
 // Every call may fail as the port does. Whatever needs an open file is failure 52 without one.
 class RecordFile {
  public:
+  RecordFile() = default;
+  RecordFile(RecordFile&&) = default;
+  // Takes over what the other has open, which counts as an opening.
+  RecordFile& operator=(RecordFile&& other) noexcept;
+
   // Opens the file for records of that many bytes and closes what was open before. A name that does
   // not exist is created empty. Failure 5 when the records have less than 1 byte.
   void Open(DataFileStore& store, const std::string& name, int record_bytes);

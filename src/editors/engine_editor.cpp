@@ -1,11 +1,13 @@
 #include "editors/engine_editor.hpp"
 
 #include <array>
+#include <cstdint>
 #include <string>
 
 #include "base/rounding.hpp"
 #include "base/spelled_number.hpp"
 #include "base/text.hpp"
+#include "editors/ask.hpp"
 #include "editors/shown_text.hpp"
 #include "recognition/engine_table.hpp"
 #include "recognition/like_match.hpp"
@@ -28,13 +30,36 @@ void Refuse_Name(VocabularyAndEngineEditor& editor, std::string_view title) {
 // Two points refuse a name, also when they lie in its folder.
 bool Has_Two_Points(std::string_view name) { return Like_Match(name, "*.*.*"); }
 
+// In the caption of a menu entry an ampersand is two, as one alone marks the letter behind it.
+std::string As_Caption(std::string_view text) {
+  std::string caption;
+  for (const char letter : text) caption.append(letter == '&' ? 2 : 1, letter);
+  return caption;
+}
+
+void Show_Entry(VocabularyAndEngineEditor& editor, const EngineGroup& group, int entry,
+                std::string_view text) {
+  editor.DatabaseVE().Set_Menu_Caption(Menu_Of(group, entry), As_Caption(Shown(text)));
+}
+
+// The text that the entry shows: a pair of ampersands is one.
+std::string Text_Of_Entry(VocabularyAndEngineEditor& editor, const EngineGroup& group, int entry) {
+  const std::string& caption = editor.DatabaseVE().Menu(Menu_Of(group, entry)).caption;
+  std::string text;
+  for (std::size_t i = 0; i < caption.size(); ++i) {
+    if (caption.compare(i, 2, "&&") == 0) ++i;
+    text += caption[i];
+  }
+  return text;
+}
+
 void Show_Engine_Record(VocabularyAndEngineEditor& editor) {
   EgnRecord& record = editor.Engine();
   For_Each_Engine_Entry([&](const EngineGroup& group, int entry) {
     const int element = group.Element(entry);
     const std::string text = Trimmed(record.EngineSlots(element));
     record.EngineSlots(element, text);
-    editor.DatabaseVE().Set_Menu_Caption(Menu_Of(group, entry), Shown(text));
+    Show_Entry(editor, group, entry, text);
   });
 }
 
@@ -46,11 +71,13 @@ void Open_Engine_File(VocabularyAndEngineEditor& editor, const std::string& name
   Show_Engine_Record(editor);
 }
 
+// The dialog begins with its pattern as the name, and a cancel leaves it so.
 void Command3_Click(VocabularyAndEngineEditor& editor) {
+  constexpr std::string_view Pattern = "*.EGN";
   const std::string name =
-      Trimmed(Ask_File(editor.session, "Open Quillspeech Engine to Edit", "*.EGN"));
+      Trimmed(Ask_File(editor.session, "Open Quillspeech Engine to Edit", Pattern, Pattern));
+  if (name.empty() || name == Pattern) return;
   if (Has_Two_Points(name)) return Refuse_Name(editor, Info_Title);
-  if (name == "*.EGN") return;
   if (!Like_Match(name, "*.E??") && !Like_Match(name, "*.e??")) {
     return Refuse_Name(editor, Info_Title);
   }
@@ -67,14 +94,13 @@ void mnuEFoef_Click(VocabularyAndEngineEditor& editor) {
 }
 
 void Save_Engine_Record(VocabularyAndEngineEditor& editor) {
-  EgnRecord& record = editor.Engine();
+  EgnRecord record = editor.Engine();
   For_Each_Engine_Entry([&](const EngineGroup& group, int entry) {
-    record.EngineSlots(group.Element(entry),
-                       Trim(editor.DatabaseVE().Menu(Menu_Of(group, entry)).caption));
+    record.EngineSlots(group.Element(entry), Trim(Text_Of_Entry(editor, group, entry)));
   });
-  RecordFile& file = editor.session.data.Main_File_Number;
-  file.Write(record.RecordNo(), record.Bytes());
-  file.Close();
+  Write_At_Its_Number(editor.session.data, record);
+  editor.Engine() = record;
+  editor.session.data.Main_File_Number.Close();
 }
 
 void Save_Engine_File(VocabularyAndEngineEditor& editor) {
@@ -86,10 +112,9 @@ void Save_Engine_File(VocabularyAndEngineEditor& editor) {
              "Quillspeech Engine Editor.");
     return;
   }
-  const BoxAnswer answer = Show_Box(
-      session, "Are you ready to save this engine record in file  " + editor.Engine_File_Name,
-      Title, BoxIcon::None, BoxButtons::YesNo);
-  if (answer != BoxAnswer::No) Save_Engine_Record(editor);
+  const std::string question =
+      "Are you ready to save this engine record in file  " + editor.Engine_File_Name;
+  if (Is_Answered_Yes(session, question, Title)) Save_Engine_Record(editor);
 }
 
 void mnuEFsef_Click(VocabularyAndEngineEditor& editor) {
@@ -105,9 +130,8 @@ constexpr std::string_view Pass_Value_Prompt =
     "Please enter the engine input filter's( category ) pass criteria";
 
 // The caption shows the answer even when its value then does not fit.
-void Take_Filter_Pass_Value(VocabularyAndEngineEditor& editor, const std::string& answer) {
+void Show_Pass_Value_Answer(VocabularyAndEngineEditor& editor, const std::string& answer) {
   editor.DatabaseVE().Set_Menu_Caption("mnuEFCT", std::string(Pass_Value_Prompt) + "..." + answer);
-  editor.session.settings.Filter_Pass_Value = Round_To_16(Numeric_Value(answer));
 }
 
 void Command5_Click(VocabularyAndEngineEditor& editor) {
@@ -117,12 +141,15 @@ void Command5_Click(VocabularyAndEngineEditor& editor) {
              Title);
     return;
   }
-  Take_Filter_Pass_Value(editor, answer);
+  Show_Pass_Value_Answer(editor, answer);
+  editor.session.settings.Filter_Pass_Value = Number_In<std::int16_t>(answer);
 }
 
-// Whatever is no number counts as 0, an answer that was cancelled too.
+// Takes the number that the answer begins with; anything else counts as 0, a cancelled answer too.
 void mnuEFCT_Click(VocabularyAndEngineEditor& editor) {
-  Take_Filter_Pass_Value(editor, Ask_Text(editor.session, Pass_Value_Prompt, "Enter threshold:"));
+  const std::string answer = Ask_Text(editor.session, Pass_Value_Prompt, "Enter threshold:");
+  Show_Pass_Value_Answer(editor, answer);
+  editor.session.settings.Filter_Pass_Value = Round_To_16(Numeric_Value(answer));
 }
 
 constexpr auto Commands = std::to_array<DatabaseVECommand>({
@@ -154,8 +181,7 @@ void Show_Filter_Pass_Value(VocabularyAndEngineEditor& editor) {
 void Show_Running_Table(VocabularyAndEngineEditor& editor) {
   const auto& table = editor.session.filter.Engine_Table;
   For_Each_Engine_Entry([&](const EngineGroup& group, int entry) {
-    editor.DatabaseVE().Set_Menu_Caption(Menu_Of(group, entry),
-                                         Shown(Trim(table[group.Element(entry)])));
+    Show_Entry(editor, group, entry, Trim(table[group.Element(entry)]));
   });
 }
 
@@ -167,7 +193,7 @@ void Edit_Engine_Entry(VocabularyAndEngineEditor& editor, const EngineGroup& gro
                        "Please enter your data here for " + std::string(group.name) + " ..." +
                            std::to_string(entry + group.prompt_offset),
                        "Enter vyanjana:"));
-  editor.DatabaseVE().Set_Menu_Caption(Menu_Of(group, entry), text);
+  Show_Entry(editor, group, entry, text);
   editor.session.filter.Engine_Table[entry] = text;
 }
 

@@ -9,6 +9,7 @@
 #include "editors/language_navigation.hpp"
 #include "editors/language_transfer.hpp"
 #include "session/failure_trap.hpp"
+#include "session/open_records.hpp"
 
 namespace quillspeech {
 
@@ -67,7 +68,13 @@ void LanguageEditor::Load() {
 
 void LanguageEditor::Show(bool modally) {
   Load();
-  session.ports.views.Show(*database_, modally ? Modality::Modal : Modality::None);
+  FormViews& views = session.ports.views;
+  try {
+    views.Show(*database_, modally ? Modality::Modal : Modality::None);
+  } catch (...) {
+    if (!views.Is_Shown(*database_)) Unload();
+    throw;
+  }
 }
 
 void LanguageEditor::Unload() {
@@ -76,6 +83,7 @@ void LanguageEditor::Unload() {
 
 void LanguageEditor::Database_Load() {
   if (Ends_Well(session, [this] { Open_Window(); })) return;
+  Forget_File_Name();
   Show_Box(session,
            "Problem in File I/O,Code Ailoa, Check the Name or Location of your disk files of "
            "language database and their states",
@@ -86,7 +94,7 @@ void LanguageEditor::Database_Load() {
 void LanguageEditor::Open_Window() {
   session.flags.Language_Editor_Loaded = True;
   Is_Closed = false;
-  File_Name.clear();
+  Forget_File_Name();
   database_->Set_Caption(
       "Quillspeech\xAE  Component Language Editor    \xA9"
       "Corvane Studio Works");
@@ -102,6 +110,12 @@ void LanguageEditor::Open_Window() {
   Show_Text("Text1", std::to_string(session.settings.Direct_Add.Raw()));
 }
 
+// The recovery closes the file, or the window with it.
+void LanguageEditor::Forget_File_Name() {
+  File_Name.clear();
+  Show_Text("TFNam", "");
+}
+
 // With no live session behind the window there is no capture to go back to.
 void LanguageEditor::Database_Unload() {
   session.flags.Language_Editor_Loaded = False;
@@ -112,6 +126,7 @@ void LanguageEditor::Database_Unload() {
   session.flags.Analysis_Running = 0;
   session.ports.events.Enable(FormTimer::Timer5, true);
   data_display_->Unload();
+  features_display_->Unload();
 }
 
 void LanguageEditor::Open_File(const std::string& name) {
@@ -140,12 +155,24 @@ void LanguageEditor::Read_Record(std::int64_t number) {
   if (session.data.Main_Record_Count == 0) Record().RecordNo(1);
 }
 
-void LanguageEditor::Write_Record() {
-  session.data.Main_File_Number.Write(Record().RecordNo(), Record().Bytes());
+void LanguageEditor::Write_Record(const SayRecord& changed) {
+  Write_At_Its_Number(session.data, changed);
+  session.data.SayRecord = changed;
+}
+
+bool LanguageEditor::Tell_Missing_File() {
+  if (!File_Name.empty()) return false;
+  Show_Box(session, "Please open a new or a previously saved file", "Quillspeech",
+           BoxIcon::Information);
+  return true;
 }
 
 void LanguageEditor::Keep_Record() {
   Write_Record();
+  Show_As_Matched();
+}
+
+void LanguageEditor::Show_As_Matched() {
   Display_Record();
   session.results.Matched_Record_No = Record().RecordNo();
 }

@@ -42,19 +42,26 @@ class LanguageEditor {
   // Consider_this_Lang_File_to_Add; when that fails, a message and the recovery of the session, and
   // failure 5 if the recovery has taken the window away.
   void Load();
-  void Show(bool modally);
-  void Unload();  // nothing when it is not loaded
+  void Show(bool modally);  // when there is no window to be had it is unloaded again
+  void Unload();            // nothing when it is not loaded
   bool Is_Loaded() const;
 
   // The session's current record and its file. Failures as of RecordFile.
   datafiles::SayRecord& Record() { return session.data.SayRecord; }
   void Read_Record(std::int64_t number);  // in a file that counts no record it is record 1
-  void Write_Record();                    // at its RecordNo
+  // Writes it at its RecordNo. A file that has counted fewer records counts as many from then on.
+  void Write_Record() { Write_Record(session.data.SayRecord); }
+  // The same with a record that becomes the current one when it is written.
+  void Write_Record(const datafiles::SayRecord& changed);
   // Shows the record and brings the counters to its counts. A count above its array is failure 9.
   void Display_Record();
-  // How a command ends that has stored an entry or made a record: it is written, displayed and
-  // counts as the record matched last.
+  void Load_Counters();
+  // How a command ends that has stored an entry or made a record: it is displayed and counts as the
+  // record matched last; with Keep_Record it is written first.
+  void Show_As_Matched();
   void Keep_Record();
+  // Tells that a command wants an open file, when there is none.
+  bool Tell_Missing_File();
 
   // Controls of Database: what an edit part or a text box holds, and what it is to show, which ends
   // at the first character 0 as every text on a screen.
@@ -87,6 +94,7 @@ class LanguageEditor {
   void Make_Windows();
   void Connect(EditorCommands commands);
   void Open_Window();
+  void Forget_File_Name();
   void Database_Load();
   void Database_Unload();
 

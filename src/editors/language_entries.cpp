@@ -8,6 +8,7 @@
 #include "base/rounding.hpp"
 #include "base/spelled_number.hpp"
 #include "base/text.hpp"
+#include "editors/ask.hpp"
 #include "editors/language_entry_lists.hpp"
 
 namespace quillspeech {
@@ -20,18 +21,10 @@ constexpr std::string_view Editor_Title = "Quillspeech Language Editor";
 
 bool Is_Blank(std::string_view text) { return Trim(text).empty(); }
 
-bool Tell_Missing_File(LanguageEditor& editor) {
-  if (!editor.File_Name.empty()) return false;
-  Show_Box(editor.session, "Please open a new or a previously saved file", Product_Title,
-           BoxIcon::Information);
-  return true;
-}
-
 // `question` is followed by the name of the file as it is shown.
 bool Is_Agreed(LanguageEditor& editor, std::string_view question) {
   const std::string text = std::string(question) + std::string(editor.Text("TFNam")) + " ?";
-  return Show_Box(editor.session, text, Editor_Title, BoxIcon::None, BoxButtons::YesNo) ==
-         BoxAnswer::Yes;
+  return Is_Answered_Yes(editor.session, text, Editor_Title);
 }
 
 // Words and patterns are letters: a number is refused and wiped out.
@@ -112,7 +105,7 @@ bool Has_Room(LanguageEditor& editor, const SaveRules& rules) {
 
 // Tells whether the entry was stored; the record is yet to be kept.
 bool Is_Saved(LanguageEditor& editor, const SaveRules& rules) {
-  if (Tell_Missing_File(editor)) {
+  if (editor.Tell_Missing_File()) {
     if (Is_Design_Environment(editor.session)) editor.Show(true);
     return false;
   }
@@ -150,15 +143,30 @@ void Save_Differentiator(LanguageEditor& editor) {
   if (Is_Saved(editor, rules)) editor.Keep_Record();
 }
 
+// When the disk takes no record more, the number of records, the buffer and the counters are as
+// they were before it was begun; what was typed stays.
+void Append_Record(LanguageEditor& editor, const SayRecord& before) {
+  try {
+    editor.Write_Record();
+  } catch (...) {
+    --editor.session.data.Main_Record_Count;
+    editor.Record() = before;
+    editor.Load_Counters();
+    throw;
+  }
+}
+
 // The new record starts as a copy of the one on display.
 void Add_Entry(LanguageEditor& editor, const EntryList& list) {
-  if (Tell_Missing_File(editor)) return;
+  if (editor.Tell_Missing_File()) return;
   if (!Is_Agreed(editor, "Are you ready to add data to file ")) return;
+  const SayRecord before = editor.Record();
   Checked32& records = editor.session.data.Main_Record_Count;
   editor.Record().RecordNo((++records).Raw());
   ++(editor.*list.counter);
   Store_Entry(editor, list);
-  editor.Keep_Record();
+  Append_Record(editor, before);
+  editor.Show_As_Matched();
 }
 
 // The element that is chosen in the list, counted from 1; nothing when none is, which is told.

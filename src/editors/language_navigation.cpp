@@ -122,7 +122,8 @@ void mnuNumber_Click(LanguageEditor& editor) {
   const std::string answer = Ask_Text(editor.session, "Enter Reference Number", "Find:");
   const double number = Numeric_Value(answer);
   if (number == 0) return;
-  if (number > 0 && number <= static_cast<double>(editor.session.data.Main_Record_Count)) {
+  // What rounds to 0 is the number of no record.
+  if (number > 0.5 && number <= static_cast<double>(editor.session.data.Main_Record_Count)) {
     editor.Read_Record(Round_To_32(number));
   } else {
     Tell_Not_Present(editor, answer, Title);

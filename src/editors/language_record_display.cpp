@@ -68,9 +68,7 @@ void Display_Words(LanguageEditor& editor) {
 
 void Display_Counts(LanguageEditor& editor) {
   const SayRecord& record = editor.Record();
-  editor.Like_Counter = record.LikeCount();
-  editor.Word_Counter = record.WordCount();
-  editor.Differentiator_Counter = record.DifferentiatorCount();
+  editor.Load_Counters();
   editor.Show_Text("Label7", std::to_string(record.LikeCount()));
   editor.Show_Text("Label11", std::to_string(record.WordCount()));
   editor.Show_Text("Label12", std::to_string(record.DifferentiatorCount()));
@@ -101,6 +99,12 @@ void Display_Differentiators(LanguageEditor& editor) {
 }
 
 }  // namespace
+
+void LanguageEditor::Load_Counters() {
+  Like_Counter = Record().LikeCount();
+  Word_Counter = Record().WordCount();
+  Differentiator_Counter = Record().DifferentiatorCount();
+}
 
 // The edit parts show entry 1 of each list, also of an empty one.
 void LanguageEditor::Display_Record() {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/text.hpp"
+#include "editors/ask.hpp"
 #include "editors/language_navigation.hpp"
 #include "editors/say_record_states.hpp"
 
@@ -15,8 +16,7 @@ using datafiles::SayRecord;
 constexpr std::string_view Title = "Quillspeech Language Editor";
 
 bool Is_Wanted(LanguageEditor& editor, std::string_view question) {
-  return Show_Box(editor.session, question, Title, BoxIcon::None, BoxButtons::YesNo) ==
-         BoxAnswer::Yes;
+  return Is_Answered_Yes(editor.session, question, Title);
 }
 
 // The same text, letter for letter: its wildcards are letters here.
@@ -34,9 +34,9 @@ void mnuSCopy_Click(LanguageEditor& editor) {
 }
 
 void Delete_Record(LanguageEditor& editor) {
-  Make_Deleted(editor.Record());
-  editor.Database().Clear_Items("Combo2");
-  editor.Write_Record();
+  SayRecord blank = editor.Record();
+  Make_Deleted(blank);
+  editor.Write_Record(blank);
   editor.Display_Record();
 }
 
@@ -46,8 +46,9 @@ void mnuSCut_Click(LanguageEditor& editor) {
 }
 
 void mnuSpaste_Click(LanguageEditor& editor) {
-  Copy_Contents(editor.Record_Memory, editor.Record());
-  editor.Write_Record();
+  SayRecord pasted = editor.Record();
+  Copy_Contents(editor.Record_Memory, pasted);
+  editor.Write_Record(pasted);
   editor.Display_Record();
 }
 
@@ -70,8 +71,9 @@ struct FileText {
 void Ask_File_Text(LanguageEditor& editor, const FileText& text) {
   const std::string answer = Ask_Text(editor.session, text.prompt, text.title);
   if (answer.empty()) return (editor.Record().*text.write)(text.unanswered);
-  (editor.Record().*text.write)(Trim(answer));
-  editor.Write_Record();
+  SayRecord named = editor.Record();
+  (named.*text.write)(Trim(answer));
+  editor.Write_Record(named);
   editor.Display_Record();
 }
 
@@ -95,21 +97,18 @@ void Empty_Window(LanguageEditor& editor) {
   for (const auto list : {"Combo2", "Combo3", "Combo5", "Combo6", "Combo7", "Combo8", "Combo9"}) {
     editor.Database().Clear_Items(list);
   }
-  editor.Like_Counter = 0;
 }
 
 void Command9_Click(LanguageEditor& editor) {
-  if (editor.File_Name.empty()) {
-    Show_Box(editor.session, "Please open a new or a previously saved file", "Quillspeech",
-             BoxIcon::Information);
-    return;
-  }
+  if (editor.Tell_Missing_File()) return;
   if (!Is_Wanted(editor, "You are about to create a new record.  Do you wish to continue ?")) {
     return;
   }
+  SayRecord fresh = editor.Record();
+  Make_New(fresh, Checked32(editor.session.data.Main_Record_Count + 1).Raw());
+  editor.Write_Record(fresh);
   Empty_Window(editor);
-  Make_New(editor.Record(), (++editor.session.data.Main_Record_Count).Raw());
-  editor.Keep_Record();
+  editor.Show_As_Matched();
   Show_Box(editor.session, "New record successfully created", "Quillspeech");
 }
 
@@ -119,11 +118,9 @@ void mnuTWord_Click(LanguageEditor& editor) {
   const bool has_records = editor.session.data.Main_Record_Count > 1;
   summary.Set_Text("Text1", has_records ? Record_Summary(record) : "");
   const std::string_view font_name = Shown(Trim(record.WordFont()));
-  if (!font_name.empty()) {
-    FormFont font = summary["Text1"].font;
-    font.name = font_name;
-    summary.Set_Font("Text1", font);
-  }
+  FormFont font;
+  if (!font_name.empty()) font.name = font_name;
+  summary.Set_Font("Text1", font);
   const bool modally = Is_Design_Environment(editor.session) == False;
   editor.session.ports.views.Show(summary, modally ? Modality::Modal : Modality::None);
 }

@@ -6,8 +6,8 @@
 namespace quillspeech {
 
 // Gives `to` the name of `from`, its values from 0 to the count, and the count. What lies above
-// the count stays, and so does the number. A count above the array is failure 9, and leaves the
-// count of `to`.
+// the count stays, and so does the number. A count above the array is failure 9 and changes
+// nothing.
 void Copy_Curve(const datafiles::VocRecord& from, datafiles::VocRecord& to);
 
 // A record that stays in its place with no name and no curve: the values from 0 to the count are 0,

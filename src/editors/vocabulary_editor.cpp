@@ -1,10 +1,12 @@
 #include "editors/vocabulary_editor.hpp"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
 #include "base/spelled_number.hpp"
 #include "base/text.hpp"
+#include "editors/ask.hpp"
 #include "editors/shown_text.hpp"
 #include "editors/voc_record_states.hpp"
 #include "editors/vocabulary_records.hpp"
@@ -22,11 +24,6 @@ constexpr std::string_view List = "Combo1";
 
 std::int64_t Record_Count(const VocabularyAndEngineEditor& editor) {
   return editor.session.data.Main_Record_Count;
-}
-
-void Write_And_Display(VocabularyAndEngineEditor& editor) {
-  Write_Record(editor);
-  Display_Record(editor);
 }
 
 // On a scale of twips.
@@ -52,14 +49,14 @@ void Begin_List(VocabularyAndEngineEditor& editor) {
 }
 
 void List_Record(VocabularyAndEngineEditor& editor, std::int64_t number) {
-  Read_Record(editor, number);
-  const VocRecord& record = editor.Vocabulary();
+  const VocRecord record = Record_In_File(editor, number);
   editor.DataDisplayVE().Add_Item(List, " " + std::to_string(record.RecordNo()) + "           " +
                                             std::string(Shown(Name_Of(record))) + "( " +
                                             std::to_string(record.VocabularySampleCount()) + " )");
 }
 
-// Lists the records of these numbers. The one on display stays so; nothing is written.
+// Lists the records of these numbers. The one on display is read anew; nothing is written. A
+// failure leaves it in the buffer as it was.
 void List_Records(VocabularyAndEngineEditor& editor, std::int64_t first, std::int64_t last) {
   const std::int64_t kept = editor.Vocabulary().RecordNo();
   Begin_List(editor);
@@ -70,7 +67,8 @@ void List_Records(VocabularyAndEngineEditor& editor, std::int64_t first, std::in
 
 // The last record, whatever the caption says.
 void VC_Click(VocabularyAndEngineEditor& editor) {
-  List_Records(editor, Record_Count(editor), Record_Count(editor));
+  const std::int64_t last = Record_Count(editor);
+  List_Records(editor, std::max<std::int64_t>(last, 1), last);
 }
 
 void mnuView_Click(VocabularyAndEngineEditor& editor) {
@@ -81,6 +79,7 @@ void Open_File(VocabularyAndEngineEditor& editor, const std::string& name) {
   Enable_Vocabulary_Menus(editor, true);
   for (const auto button : {"NextHit", "PreHit"}) editor.DatabaseVE().Set_Enabled(button, true);
   Open_Records(editor.session.data, editor.Vocabulary(), editor.session.ports.data_files, name);
+  editor.DataDisplayVE().Clear_Items(List);  // also when the display fails
   Display_Record(editor);
   mnuView_Click(editor);
 }
@@ -143,7 +142,9 @@ void Tell_Not_Present(VocabularyAndEngineEditor& editor, const std::string& want
 // Displays that record; false: the file counts none of that number.
 bool Go_To(VocabularyAndEngineEditor& editor, double number) {
   if (number <= 0 || number > static_cast<double>(Record_Count(editor))) return false;
-  Read_Record(editor, Round_To_32(number));
+  const std::int64_t rounded = Round_To_32(number);
+  if (rounded == 0) return false;
+  Read_Record(editor, rounded);
   Display_Record(editor);
   return true;
 }
@@ -167,45 +168,41 @@ void mnuFindName_Click(VocabularyAndEngineEditor& editor) {
 }
 
 void mnuDelete_Click(VocabularyAndEngineEditor& editor) {
-  Make_Deleted(editor.Vocabulary());
-  Write_And_Display(editor);
+  VocRecord deleted = editor.Vocabulary();
+  Make_Deleted(deleted);
+  Keep_Record(editor, deleted);
 }
 
 void mnuCopy_Click(VocabularyAndEngineEditor& editor) {
   Copy_Curve(editor.Vocabulary(), editor.Vocabulary_Memory);
 }
 
-bool Is_Refused(VocabularyAndEngineEditor& editor, std::string_view question,
-                std::string_view title) {
-  return Show_Box(editor.session, question, title, BoxIcon::None, BoxButtons::YesNo) ==
-         BoxAnswer::No;
-}
-
 // The copy is taken before the question, which bears the name of the other editor.
 void mnuCut_Click(VocabularyAndEngineEditor& editor) {
   mnuCopy_Click(editor);
-  if (Is_Refused(editor, "Are you sure you want to delete this record ?",
-                 "Quillspeech Language Editor")) {
-    return;
+  if (Is_Answered_Yes(editor.session, "Are you sure you want to delete this record ?",
+                      "Quillspeech Language Editor")) {
+    mnuDelete_Click(editor);
   }
-  mnuDelete_Click(editor);
 }
 
-// Always a new record at the end.
+// Always a new record at the end, which the file counts once it is written.
 void mnuPaste_Click(VocabularyAndEngineEditor& editor) {
-  if (Is_Refused(editor, "Add data in Memory to file ?", "Quillspeech Vocabulary Development")) {
+  if (!Is_Answered_Yes(editor.session, "Add data in Memory to file ?",
+                       "Quillspeech Vocabulary Development")) {
     return;
   }
-  VocRecord& record = editor.Vocabulary();
-  record.RecordNo((++editor.session.data.Main_Record_Count).Raw());
-  Copy_Curve(editor.Vocabulary_Memory, record);
-  Write_And_Display(editor);
+  VocRecord added = editor.Vocabulary();
+  added.RecordNo(Checked32(Record_Count(editor) + 1).Raw());
+  Copy_Curve(editor.Vocabulary_Memory, added);
+  Keep_Record(editor, added);
 }
 
 void mnuRename_Click(VocabularyAndEngineEditor& editor) {
-  editor.Vocabulary().VocabularyName(
-      Trim(Ask_Text(editor.session, "Enter the New Name:", "Rename:", "XYZ")));
-  Write_And_Display(editor);
+  const std::string name = Ask_Text(editor.session, "Enter the New Name:", "Rename:", "XYZ");
+  VocRecord renamed = editor.Vocabulary();
+  renamed.VocabularyName(Trim(name));
+  Keep_Record(editor, renamed);
 }
 
 void Exitmnu_Click(VocabularyAndEngineEditor& editor) { editor.Unload(); }

@@ -5,6 +5,7 @@
 
 #include "editors/shown_text.hpp"
 #include "editors/vocabulary_editor.hpp"
+#include "session/open_records.hpp"
 
 namespace quillspeech {
 
@@ -43,15 +44,26 @@ std::string_view Name_Of(const VocRecord& record) {
   return name.substr(0, name.find_last_not_of(' ') + 1);
 }
 
+VocRecord Record_In_File(VocabularyAndEngineEditor& editor, std::int64_t number) {
+  OpenDataFile& data = editor.session.data;
+  VocRecord record;
+  data.Main_File_Number.Read(number, record.Bytes(), VocRecord::Missing_Byte);
+  if (data.Main_Record_Count == 0) record.RecordNo(1);
+  return record;
+}
+
 void Read_Record(VocabularyAndEngineEditor& editor, std::int64_t number) {
-  VocRecord& record = editor.Vocabulary();
-  editor.session.data.Main_File_Number.Read(number, record.Bytes(), VocRecord::Missing_Byte);
-  if (editor.session.data.Main_Record_Count == 0) record.RecordNo(1);
+  editor.Vocabulary() = Record_In_File(editor, number);
 }
 
 void Write_Record(VocabularyAndEngineEditor& editor) {
-  const VocRecord& record = editor.Vocabulary();
-  editor.session.data.Main_File_Number.Write(record.RecordNo(), record.Bytes());
+  Write_At_Its_Number(editor.session.data, editor.Vocabulary());
+}
+
+void Keep_Record(VocabularyAndEngineEditor& editor, const VocRecord& changed) {
+  Write_At_Its_Number(editor.session.data, changed);
+  editor.Vocabulary() = changed;
+  Display_Record(editor);
 }
 
 void Display_Record(VocabularyAndEngineEditor& editor) {

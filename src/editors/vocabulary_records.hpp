@@ -11,8 +11,17 @@ namespace quillspeech {
 std::string_view Name_Of(const datafiles::VocRecord& record);
 
 // Failures as of RecordFile. In a file that counts no record every record is record 1.
+datafiles::VocRecord Record_In_File(VocabularyAndEngineEditor& editor, std::int64_t number);
+
+// Into the buffer, which a failure leaves as it was.
 void Read_Record(VocabularyAndEngineEditor& editor, std::int64_t number);
-void Write_Record(VocabularyAndEngineEditor& editor);  // at its RecordNo
+
+// From the buffer, at its RecordNo.
+void Write_Record(VocabularyAndEngineEditor& editor);
+
+// How a command ends that changes a record: the changed one is written at its RecordNo, and then
+// becomes the one in the buffer and on display. A failed write leaves both as they were.
+void Keep_Record(VocabularyAndEngineEditor& editor, const datafiles::VocRecord& changed);
 
 // Shows the name, the count and the curve as circles on the scale of the graph. A count above the
 // array is failure 9, after all values that there are have been drawn.

@@ -122,9 +122,9 @@ bool Form::Double_Click(std::string_view control) {
 }
 
 bool Form::Choose_Menu(std::string_view menu) {
-  const bool is_entry = !Menu(menu).is_line &&
-                        std::none_of(menus_.begin(), menus_.end(),
-                                     [&](const FormMenu& one) { return one.parent == menu; });
+  const bool is_entry =
+      !Menu(menu).is_line && std::none_of(menus_.begin(), menus_.end(),
+                                          [&](const FormMenu& one) { return one.parent == menu; });
   if (!is_entry || !Menu_Takes_Action(menu)) return false;
   Raise(menu, FormEvent::Click);
   return true;

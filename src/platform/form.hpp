@@ -87,6 +87,7 @@ class Form {
   void Set_Enabled(bool enabled);
   void Set_Ground(FormDrawing ground);
   void Change_Ground(const std::function<void(FormDrawing&)>& change);  // in its place
+  // A combo box has nothing chosen when the text is not the chosen item's.
   void Set_Text(std::string_view control, std::string_view text);
   void Set_Tip(std::string_view control, std::string_view tip);
   void Set_Font(std::string_view control, const FormFont& font);

@@ -53,7 +53,16 @@ void Form::Change_Ground(const std::function<void(FormDrawing&)>& change) {
   if (view_) view_->Form_Changed(FormChange::Drawing);
 }
 
+// A text that is not the chosen item's leaves no item of a combo box chosen.
 void Form::Set_Text(std::string_view control, std::string_view text) {
+  FormControl& box = At(control);
+  if (box.kind == FormControlKind::ComboBox && box.index >= 0 &&
+      box.items[static_cast<std::size_t>(box.index)] != text) {
+    box.index = -1;
+    box.text = text;
+    if (view_) view_->Control_Changed(box, FormChange::Index);
+    return;
+  }
   Change(control, &FormControl::text, std::string(text), FormChange::Text);
 }
 

@@ -77,6 +77,10 @@ std::unique_ptr<Timer> TimedLoop::Make_Timer(std::chrono::milliseconds interval,
   return std::make_unique<LoopTimer>(*this, std::move(state));
 }
 
+void TimedLoop::Stop_Timers() {
+  for (const auto& timer : timers_) timer->enabled = false;
+}
+
 std::unique_ptr<Timer> TimedLoop::Make_Moment(Time moment, std::function<void()> tick) {
   auto timer = Make_Timer(std::chrono::milliseconds(1), std::move(tick));
   timer->Enable(true);

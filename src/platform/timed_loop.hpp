@@ -46,6 +46,9 @@ class TimedLoop : public EventLoop {
   // time.
   void Schedule() { On_New_Due(); }
 
+  // Switches every timer off.
+  void Stop_Timers();
+
   // The earliest moment at which a timer or a source is due; nothing when none ever is.
   std::optional<Time> Next_Due() const;
 

@@ -52,6 +52,22 @@ TEST_F(SessionThreads, It_stays_with_the_thread_on_which_a_box_is_still_up) {
   EXPECT_EQ(elsewhere, RPC_E_WRONG_THREAD);
 }
 
+TEST_F(SessionThreads, What_a_control_had_under_way_ends_with_its_thread) {
+  control = nullptr;
+  IUnknown* left = nullptr;
+  Control_Of_Another_Thread([&](IUnknown& made) {
+    made.AddRef();
+    left = &made;
+    session().flags.Session_Alive = True;
+    events().Enable(FormTimer::Timer5, true);
+  });
+  control = New_Control();
+  EXPECT_EQ(session().flags.Session_Alive, False);
+  EXPECT_FALSE(events().Form_Timer(FormTimer::Timer5).Is_Enabled());
+  EXPECT_TRUE(Module::Of_This_File().Activations().Frames().empty());
+  left->Release();
+}
+
 TEST_F(SessionThreads, A_control_that_an_ended_thread_has_left_behind_refuses_nobody) {
   control = nullptr;
   IUnknown* const left = Left_Behind();

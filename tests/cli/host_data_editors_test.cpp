@@ -100,6 +100,13 @@ TEST_F(HostDataEditors, An_engine_file_is_made_entry_by_entry) {
   EXPECT_EQ(Boxes(), Lines{"Are you ready to save this engine record in file  " + name});
 }
 
+TEST_F(HostDataEditors, An_engine_file_that_is_not_chosen_opens_nothing_and_tells_nothing) {
+  Edit({Answer(Lines{""}), Click("Command3"), Menu("mnuEFsef")});
+  EXPECT_EQ(Told("file_dialog").at(0)["file_dialog"]["name"], "*.EGN");
+  ASSERT_EQ(Boxes().size(), 1U);
+  EXPECT_EQ(Boxes()[0].substr(0, 40), "You have'nt opened a Engine file yet. Pl");
+}
+
 TEST_F(HostDataEditors, A_change_of_an_engine_file_leaves_all_other_bytes) {
   const std::string longest = "abcdefghijklmnopqrst";
   Groups groups = {{0, "a"}, {16, "old"}, {60, "z"}, {61, "kept"}, {100, "kept too"}};
@@ -181,8 +188,9 @@ TEST_F(HostVocabularyEditor, A_deleted_curve_keeps_its_place) {
 TEST_F(HostVocabularyEditor, A_new_file_begins_with_record_1) {
   Edit({Answer({Path("new.say"), "first", "Yes"}), Menu("Opmu"), Menu("mnuRename"), Menu("mnuNext"),
         Menu("mnuPaste")});
-  // Nothing was copied, and the paste takes the first number that the file does not count: 1.
-  EXPECT_EQ(Content("new.say"), Vocabulary_Record_Bytes(1, "", {}, 0));
+  // Nothing was copied, and the paste goes behind the record that the rename has made.
+  EXPECT_EQ(Content("new.say"), Joined({Vocabulary_Record_Bytes(1, "first", {}, 0),
+                                        Vocabulary_Record_Bytes(2, "", {}, 0)}));
   EXPECT_EQ(Boxes(), Lines({"No More Records", "Add data in Memory to file ?"}));
 }
 

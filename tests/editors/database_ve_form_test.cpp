@@ -107,7 +107,7 @@ TEST(DatabaseVEForm, Each_half_has_its_frame) {
   for (const auto name : {"Command1", "Command2", "PreHit", "NextHit", "Text1", "Picture1"}) {
     EXPECT_EQ(frame_of(name), "Vocabulary") << name;
   }
-  for (const auto name : {"Command3", "Command4", "Command5", "Shape1"}) {
+  for (const auto name : {"Command3", "Command4", "Command5"}) {
     EXPECT_EQ(frame_of(name), "Engine") << name;
   }
 }

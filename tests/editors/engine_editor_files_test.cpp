@@ -27,6 +27,7 @@ TEST_F(EngineFiles, The_button_asks_for_a_file) {
   Open_By_Button(std::string("  ") + File + " ");
   EXPECT_EQ(dialogs.shown_dialogs[0].title, "Open Quillspeech Engine to Edit");
   EXPECT_EQ(dialogs.shown_dialogs[0].pattern, "*.EGN");
+  EXPECT_EQ(dialogs.shown_dialogs[0].name, "*.EGN");
   EXPECT_EQ(editor.Engine_File_Name, File);
   EXPECT_EQ(Caption("mnu02(2)"), "ab");
 }
@@ -42,7 +43,7 @@ TEST_F(EngineFiles, The_menu_asks_for_a_name_and_offers_the_last_one) {
 }
 
 // The button takes any extension of three letters that begins with an E; two points are too many
-// for both.
+// for both. An empty name is a dialog that was cancelled.
 TEST_F(EngineFiles, Names_are_taken_by_their_extension) {
   const struct {
     const char* name;
@@ -56,7 +57,7 @@ TEST_F(EngineFiles, Names_are_taken_by_their_extension) {
                {"a.egnx", Info_Title, Title},
                {"a.txt", Info_Title, Title},
                {"a.SAY", Info_Title, Title},
-               {"", Info_Title, Title},
+               {"", nullptr, Title},
                {"egn", Info_Title, Title},
                {".egn", nullptr, nullptr},
                {"a.b.egn", Info_Title, Info_Title},
@@ -70,22 +71,61 @@ TEST_F(EngineFiles, Names_are_taken_by_their_extension) {
       editor.Engine_File_Name = "before";
       if (by_button) Open_By_Button(name);
       if (!by_button) Choose("mnuEFoef", name);
-      EXPECT_EQ(editor.Engine_File_Name, says ? "before" : name) << name << by_button;
+      const bool is_opened = !says && *name != 0;
+      EXPECT_EQ(editor.Engine_File_Name, is_opened ? name : "before") << name << by_button;
       EXPECT_EQ(Told(), says ? Texts{std::string(says) + Refusal} : Texts{}) << name << by_button;
     }
   }
 }
 
-TEST_F(EngineFiles, A_dialog_that_gives_its_own_pattern_does_nothing) {
-  Open_By_Button("*.EGN");
-  EXPECT_TRUE(boxes.shown.empty());
-  EXPECT_EQ(data_files.opens, 0);
-  EXPECT_EQ(editor.Engine_File_Name, "");
+TEST_F(EngineFiles, A_dialog_that_is_cancelled_or_gives_its_own_pattern_does_nothing) {
+  for (const auto name : {"", "*.EGN"}) {
+    Open_By_Button(name);
+    EXPECT_TRUE(boxes.shown.empty()) << name;
+    EXPECT_EQ(data_files.opens, 0) << name;
+    EXPECT_EQ(editor.Engine_File_Name, "") << name;
+  }
+}
+
+TEST_F(EngineFiles, A_file_that_cannot_be_read_leaves_the_one_that_the_button_found_open) {
+  Open({{0, "old"}});
+  Put_Engine_File(data_files, "bad.EGN", {{0, "bad"}});
+  data_files.read_faults = {{data_files.reads + 1, Failure::Device_Failure}};
+  EXPECT_EQ(Failure_Of([&] { Open_By_Button("bad.EGN"); }), 57);
+  EXPECT_EQ(editor.Engine_File_Name, File);
+  EXPECT_EQ(Caption("mnu02(1)"), "old");
+  Choose("mnu02(1)", "new");
+  Save();
+  EXPECT_EQ(Slot_On_Disk(0), "new");
+}
+
+TEST_F(EngineFiles, A_file_that_cannot_be_read_leaves_the_menu_without_one) {
+  Open({{0, "old"}});
+  Put_Engine_File(data_files, "bad.EGN", {{0, "bad"}});
+  data_files.read_faults = {{data_files.reads + 1, Failure::Device_Failure}};
+  EXPECT_EQ(Failure_Of([&] { Choose("mnuEFoef", "bad.EGN"); }), 57);
+  EXPECT_FALSE(Is_Open());
+  EXPECT_EQ(data_files.open_files, 0);
+  EXPECT_EQ(editor.Engine_File_Name, File);
+  EXPECT_EQ(editor.Engine().EngineSlots(0), Fixed("old", 20));
+}
+
+TEST_F(EngineFiles, An_ampersand_is_two_in_a_menu_and_one_in_the_file) {
+  Open({{0, "a&b"}, {1, "&&"}, {2, "&"}});
+  EXPECT_EQ(Caption("mnu02(1)"), "a&&b");
+  EXPECT_EQ(Caption("mnu02(2)"), "&&&&");
+  Choose("mnu02(3)", "x&&&");
+  EXPECT_EQ(Caption("mnu02(3)"), "x&&&&&&");
+  EXPECT_EQ(session.filter.Engine_Table[3], "x&&&");
+  Save();
+  EXPECT_EQ(Slot_On_Disk(0), "a&b");
+  EXPECT_EQ(Slot_On_Disk(1), "&&");
+  EXPECT_EQ(Slot_On_Disk(2), "x&&&");
 }
 
 TEST_F(EngineFiles, The_menu_closes_the_open_file_before_it_asks_and_the_button_does_not) {
   Open({});
-  Open_By_Button("");
+  Open_By_Button("none");
   EXPECT_TRUE(Is_Open());
   Choose("mnuEFoef", "");
   EXPECT_FALSE(Is_Open());
@@ -194,6 +234,14 @@ constexpr auto Not_Opened =
 TEST_F(EngineFiles, Save_without_a_file_says_so) {
   Save();
   EXPECT_EQ(Told(), Texts{Not_Opened});
+}
+
+TEST_F(EngineFiles, The_default_engine_needs_an_open_file_to_be_saved) {
+  Click("Command4");
+  Save();
+  EXPECT_EQ(Told(), Texts{Not_Opened});
+  EXPECT_EQ(Caption("mnu02(2)"), "dbtrvgp");
+  EXPECT_TRUE(data_files.files.empty());
 }
 
 TEST_F(EngineFiles, After_a_save_the_file_must_be_opened_again) {

@@ -164,6 +164,19 @@ TEST_F(FilterPassValue, A_number_is_rounded_half_to_even) {
   EXPECT_TRUE(boxes.shown.empty());
 }
 
+TEST_F(FilterPassValue, The_button_takes_a_number_however_it_is_spelled) {
+  const struct {
+    const char* answer;
+    int value;
+  } cases[] = {{"1,000", 1000}, {"(5)", -5}, {"&H10", 16}, {"&HFFFF", -1}, {"1d2", 100}};
+  for (const auto& [answer, value] : cases) {
+    Ask_By(true, answer);
+    EXPECT_EQ(Value(), value) << answer;
+    EXPECT_EQ(Caption("mnuEFCT"), std::string(Prompt) + "..." + answer);
+  }
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
 TEST_F(FilterPassValue, The_button_refuses_what_is_no_number) {
   for (const auto answer : {"", "many", "3 slices"}) {
     boxes.shown.clear();
@@ -179,7 +192,7 @@ TEST_F(FilterPassValue, The_menu_takes_the_number_that_an_answer_begins_with) {
   const struct {
     const char* answer;
     int value;
-  } cases[] = {{"3 slices", 3}, {"many", 0}, {"", 0}};
+  } cases[] = {{"3 slices", 3}, {"1,000", 1}, {"(5)", 0}, {"many", 0}, {"", 0}};
   for (const auto& [answer, value] : cases) {
     session.settings.Filter_Pass_Value = 9;
     Ask_By(false, answer);

@@ -84,6 +84,14 @@ TEST(DatabaseForm, Its_controls_have_these_kinds_captions_and_tips) {
       {"NextHit", FormControlKind::Button, "Next >", "Press  to scan incremental records"},
       {"Command3", FormControlKind::Button, "Memory", ""},
       {"Command10", FormControlKind::Button, "Memory", ""},
+      {"Combo1", FormControlKind::ComboBox, "", "Click to see fonts you have on your machine"},
+      {"Combo5", FormControlKind::ComboBox, "", ""},
+      {"Combo10", FormControlKind::ComboBox, "", ""},
+      {"Combo2", FormControlKind::ComboBox, "", ""},
+      {"Combo3", FormControlKind::ComboBox, "", ""},
+      {"Combo7", FormControlKind::ComboBox, "", ""},
+      {"Combo6", FormControlKind::ComboBox, "", ""},
+      {"Combo9", FormControlKind::ComboBox, "", ""},
       {"Combo8", FormControlKind::ComboBox, "", "Click the entry you feel important"},
   };
   for (const auto& [name, kind, text, tip] : expected) {

@@ -151,6 +151,24 @@ TEST(LanguageEditorRoads, The_end_of_the_control_takes_the_editor_with_it) {
   EXPECT_EQ(test.data_files.open_files, 0);
 }
 
+TEST(LanguageEditorRoads, A_session_that_ends_or_comes_to_rest_under_the_editor_captures_no_more) {
+  for (const auto end :
+       {+[](UnknownWord& test) { Terminate_Session(test.session); },
+        +[](UnknownWord& test) { test.session.operations.Stop_And_Recover(test.session); }}) {
+    UnknownWord test;
+    test.host.path = "C:\\VB6.EXE";
+    test.session.settings.Always_Restart_on_Error = "NO";
+    test.Listen();
+    ASSERT_EQ(test.session.flags.Language_Editor_Loaded, True);
+    end(test);
+    EXPECT_EQ(test.session.flags.Language_Editor_Loaded, False);
+    EXPECT_FALSE(test.Is_On(FormTimer::Timer5));
+    const std::int64_t captures = test.Captures();
+    test.events.Run_For(10s);
+    EXPECT_EQ(test.Captures(), captures);
+  }
+}
+
 TEST(LanguageEditorRoads, The_end_of_a_control_that_never_showed_it_opens_no_file) {
   LiveRun test;
   test.control->UserControl_Terminate();

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "base/text.hpp"
 #include "tests/support/failures.hpp"
 #include "tests/support/vocabulary_builder.hpp"
 
@@ -47,6 +48,18 @@ TEST(VocRecordStates, Counts_fit_the_array_up_to_1200) {
     EXPECT_EQ(copy.VocabularySampleCount(), expected == 0 ? count : 0) << count;
     EXPECT_EQ(Failure_Of([&] { Make_Deleted(record); }), expected) << count;
   }
+}
+
+TEST(VocRecordStates, A_count_that_does_not_fit_changes_nothing) {
+  VocRecord record = Curve("damaged", {1, 2});
+  record.VocabularySampleCount(1201);
+  VocRecord to = Curve("kept", {7});
+  EXPECT_EQ(Failure_Of([&] { Copy_Curve(record, to); }), 9);
+  EXPECT_EQ(Failure_Of([&] { Make_Deleted(record); }), 9);
+  EXPECT_EQ(Trim(to.VocabularyName()), "kept");
+  EXPECT_EQ(to.VocabularySamples(1), 7);
+  EXPECT_EQ(Trim(record.VocabularyName()), "damaged");
+  EXPECT_EQ(record.VocabularySamples(1), 1);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // What the window and the list show of the records, and the way through them.
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <set>
 
@@ -72,6 +73,18 @@ TEST_F(VocabularyDisplay, Values_beyond_the_scale_are_drawn_there) {
   constexpr double Largest = std::numeric_limits<double>::max();
   Open({Curve("wild", {-5, 129, 1e300, -Largest})});
   EXPECT_EQ(Centres(), (Points{{-5, 1}, {129, 2}, {1e300, 3}, {-Largest, 4}}));
+}
+
+TEST_F(VocabularyDisplay, Values_that_are_no_numbers_are_drawn_as_they_are) {
+  constexpr double Infinity = std::numeric_limits<double>::infinity();
+  Open({Curve("odd", {std::numeric_limits<double>::quiet_NaN(), Infinity, -Infinity, 5})});
+  const Points centres = Centres();
+  ASSERT_EQ(centres.size(), 4U);
+  EXPECT_TRUE(std::isnan(centres[0].x));
+  EXPECT_EQ(centres[0].y, 1);
+  EXPECT_EQ(centres[1], (DrawingPoint{Infinity, 2}));
+  EXPECT_EQ(centres[2], (DrawingPoint{-Infinity, 3}));
+  EXPECT_EQ(centres[3], (DrawingPoint{5, 4}));
 }
 
 TEST_F(VocabularyDisplay, Value_0_and_those_above_the_count_are_not_drawn) {
@@ -169,6 +182,38 @@ TEST_F(VocabularyDisplay, Each_move_writes_the_record_that_it_leaves) {
   }
 }
 
+TEST_F(VocabularyDisplay, A_move_that_cannot_write_stays_where_it_is) {
+  for (const auto move : {"mnuNext", "NextHit", "mnuPrevious", "PreHit"}) {
+    Open(Three_Curves());
+    Choose("mnuNumber", "2");
+    data_files.write_faults = {{data_files.writes + 1, {Failure::Disk_Full, 0}}};
+    EXPECT_EQ(Failure_Of([&] { Do(move); }), 61) << move;
+    EXPECT_EQ(Text("Text1"), "two") << move;
+    EXPECT_EQ(Current(), 2) << move;
+  }
+  EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(VocabularyDisplay, A_move_that_cannot_read_stays_where_it_is) {
+  for (const auto move : {"mnuNext", "mnuPrevious"}) {
+    Open(Three_Curves());
+    Choose("mnuNumber", "2");
+    data_files.read_faults = {{data_files.reads + 1, Failure::Device_Failure}};
+    EXPECT_EQ(Failure_Of([&] { Do(move); }), 57) << move;
+    EXPECT_EQ(Text("Text1"), "two") << move;
+    EXPECT_EQ(Current(), 2) << move;
+  }
+}
+
+TEST_F(VocabularyDisplay, A_record_that_a_move_writes_behind_the_last_one_is_counted) {
+  Open({Curve("one", {})});
+  editor.Vocabulary().RecordNo(3);
+  Choose("mnuNext");
+  Choose("mnuNumber", "3");
+  EXPECT_EQ(Text("Text1"), "one");
+  EXPECT_EQ(Told(), Texts{"Quillspeech|No More Records"});
+}
+
 TEST_F(VocabularyDisplay, A_record_is_written_to_the_number_that_it_holds) {
   Open(Three_Curves());
   editor.Vocabulary().RecordNo(3);
@@ -210,10 +255,39 @@ TEST_F(VocabularyDisplay, Listing_drops_what_was_changed_and_not_written) {
   EXPECT_EQ(Text("Text1"), "one");
 }
 
-TEST_F(VocabularyDisplay, In_an_empty_file_there_is_no_last_record_to_list) {
-  Open({});
-  EXPECT_EQ(Failure_Of([this] { Window().Choose_Menu("VC"); }), 63);
-  EXPECT_TRUE(Lines().empty());
+TEST_F(VocabularyDisplay, The_list_of_an_empty_file_has_its_heading_alone) {
+  for (const auto list : {"mnuView", "VC"}) {
+    Open({});
+    editor.DataDisplayVE().Add_Item("Combo1", "stale");
+    Choose(list);
+    EXPECT_TRUE(Lines().empty()) << list;
+    EXPECT_EQ(editor.DataDisplayVE().Ground().operations.size(), 1U) << list;
+    EXPECT_EQ(Current(), 1) << list;
+  }
+}
+
+TEST_F(VocabularyDisplay, A_list_that_fails_leaves_the_record_in_the_buffer_and_on_display) {
+  for (const auto list : {"mnuView", "VC"}) {
+    Open(Three_Curves());
+    Choose("mnuNumber", "2");
+    data_files.read_faults = {{data_files.reads + 1, Failure::Device_Failure}};
+    EXPECT_EQ(Failure_Of([&] { Window().Choose_Menu(list); }), 57) << list;
+    EXPECT_EQ(Current(), 2) << list;
+    EXPECT_EQ(Trim(editor.Vocabulary().VocabularyName()), "two") << list;
+    EXPECT_EQ(Text("Text1"), "two") << list;
+  }
+}
+
+TEST_F(VocabularyDisplay, A_record_without_a_proper_number_stays_in_the_buffer_after_a_list) {
+  for (const std::int32_t number : {0, -1}) {
+    Open(Three_Curves());
+    editor.Vocabulary().RecordNo(number);
+    EXPECT_EQ(Failure_Of([this] { Window().Choose_Menu("mnuView"); }), 63) << number;
+    EXPECT_EQ(Lines().size(), 3U) << number;
+    EXPECT_EQ(Current(), number);
+    EXPECT_EQ(Trim(editor.Vocabulary().VocabularyName()), "one") << number;
+    EXPECT_EQ(Text("Text1"), "one") << number;
+  }
 }
 
 TEST_F(VocabularyDisplay, The_list_bears_its_heading) {

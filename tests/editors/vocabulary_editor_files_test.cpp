@@ -118,6 +118,36 @@ TEST_F(VocabularyFiles, A_failure_of_the_button_goes_out_without_a_message) {
   EXPECT_TRUE(boxes.shown.empty());
 }
 
+// The menus are enabled before the file is opened.
+TEST_F(VocabularyFiles, A_file_that_cannot_be_read_leaves_the_one_that_is_open) {
+  Open(Three_Curves());
+  Choose("mnuNumber", "2");
+  data_files.files["bad.SAY"] = Vocabulary_File({Curve("bad", {})});
+  for (const auto way : {"Command1", "Opmu"}) {
+    data_files.read_faults = {{data_files.reads + 1, Failure::Device_Failure}};
+    Failure_Of([&] { Open_By(way, "bad.SAY"); });
+    EXPECT_TRUE(Are_Enabled({"mnuFile", "mnuQuery", "mnuRecord", "NextHit", "PreHit"})) << way;
+    EXPECT_EQ(Text("Text1"), "two") << way;
+    EXPECT_EQ(Lines().size(), 3U) << way;
+    EXPECT_EQ(Current(), 2) << way;
+    EXPECT_EQ(data_files.open_files, 1) << way;
+  }
+  Choose("mnuNext");
+  EXPECT_EQ(Text("Text1"), "three");
+  EXPECT_EQ(Bytes_On_Disk(), Vocabulary_File(Three_Curves()));
+  EXPECT_EQ(data_files.files["bad.SAY"], Vocabulary_File({Curve("bad", {})}));
+}
+
+TEST_F(VocabularyFiles, The_lines_of_the_file_before_go_also_when_record_1_cannot_be_shown) {
+  Open(Three_Curves());
+  auto damaged = Three_Curves();
+  damaged[0].VocabularySampleCount(1201);
+  data_files.files["bad.SAY"] = Vocabulary_File(damaged);
+  Open_By("Opmu", "bad.SAY");
+  EXPECT_EQ(Told(), Texts{Refused_Name});
+  EXPECT_TRUE(Lines().empty());
+}
+
 TEST_F(VocabularyFiles, A_name_that_does_not_exist_makes_an_empty_file) {
   Open_File("new.SAY");
   EXPECT_TRUE(data_files.files.at("new.SAY").empty());

@@ -37,11 +37,23 @@ TEST_F(VocabularyFind, An_answer_of_value_0_does_nothing) {
 
 TEST_F(VocabularyFind, A_number_that_the_file_does_not_count_is_not_present) {
   Open(Three_Curves());
-  for (const std::string answer : {"4", "-1", "1e300", "3.5"}) {
+  for (const std::string answer : {"4", "-1", "1e300", "3.5", "0.4", "0.5"}) {
     boxes.shown.clear();
     Choose("mnuNumber", answer);
     EXPECT_EQ(Told(), Texts{Not_Present(answer)});
     EXPECT_EQ(Text("Text1"), "one");
+  }
+}
+
+TEST_F(VocabularyFind, A_number_is_rounded_half_to_even) {
+  struct Case {
+    const char* answer;
+    int record;
+  };
+  for (const Case& one : {Case{"0.6", 1}, Case{"1.5", 2}, Case{"2.5", 2}, Case{"2.6", 3}}) {
+    Open(Three_Curves());
+    Choose("mnuNumber", one.answer);
+    EXPECT_EQ(Current(), one.record) << one.answer;
   }
 }
 

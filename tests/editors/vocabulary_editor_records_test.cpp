@@ -1,5 +1,6 @@
 // Records that are copied, cut, pasted, renamed and deleted.
 #include <algorithm>
+#include <string>
 
 #include "tests/editors/vocabulary_editor_fixture.hpp"
 #include "tests/support/failures.hpp"
@@ -91,12 +92,23 @@ TEST_F(VocabularyRecords, Values_above_the_count_of_a_paste_come_from_the_record
 
 TEST_F(VocabularyRecords, The_first_paste_into_an_empty_file_is_record_1) {
   Open({});
-  Choose("mnuRename", "new");
-  Choose("mnuCopy");
   Answer("mnuPaste", BoxAnswer::Yes);
   EXPECT_EQ(Bytes_On_Disk().size(), 9634U);
   EXPECT_EQ(On_Disk().RecordNo(), 1);
-  EXPECT_EQ(Name_On_Disk(), "new");
+}
+
+// Whatever command has written record 1, the paste goes behind it.
+TEST_F(VocabularyRecords, A_paste_goes_behind_what_another_command_has_written_to_an_empty_file) {
+  for (const auto command : {"mnuRename", "mnuDelete", "mnuNext", "mnuPrevious"}) {
+    Open({});
+    Choose(command, "new");
+    Answer("mnuPaste", BoxAnswer::Yes);
+    EXPECT_EQ(Bytes_On_Disk().size(), 2U * 9634) << command;
+    EXPECT_EQ(On_Disk(1).RecordNo(), 1) << command;
+    EXPECT_EQ(On_Disk(2).RecordNo(), 2) << command;
+    EXPECT_EQ(Name_On_Disk(1) == "new", command == std::string("mnuRename")) << command;
+    EXPECT_EQ(Name_On_Disk(2), "") << command;
+  }
 }
 
 TEST_F(VocabularyRecords, The_copy_stays_over_another_file_and_goes_with_the_window) {
@@ -195,6 +207,29 @@ TEST_F(VocabularyRecords, A_count_above_1200_fails_where_the_record_is_copied_or
   EXPECT_TRUE(boxes.shown.empty());
 }
 
+TEST_F(VocabularyRecords, A_failure_by_the_count_leaves_the_record_and_the_memory) {
+  Open(Three_Curves());
+  Choose("mnuCopy");
+  Choose("mnuNext");
+  editor.Vocabulary().VocabularySampleCount(1201);
+  for (const auto command : {"mnuCopy", "mnuCut", "mnuDelete"}) {
+    EXPECT_EQ(Failure_Of([&] { Window().Choose_Menu(command); }), 9) << command;
+    EXPECT_EQ(Trim(editor.Vocabulary().VocabularyName()), "two") << command;
+    EXPECT_EQ(editor.Vocabulary().VocabularySamples(2), 21) << command;
+    EXPECT_EQ(Trim(editor.Vocabulary_Memory.VocabularyName()), "one") << command;
+    EXPECT_EQ(editor.Vocabulary_Memory.VocabularySampleCount(), 1) << command;
+  }
+}
+
+TEST_F(VocabularyRecords, A_damaged_record_can_be_renamed_though_its_display_fails) {
+  Open(Three_Curves());
+  editor.Vocabulary().VocabularySampleCount(1201);
+  dialogs.texts = {"new"};
+  EXPECT_EQ(Failure_Of([this] { Window().Choose_Menu("mnuRename"); }), 9);
+  EXPECT_EQ(Name_On_Disk(), "new");
+  EXPECT_EQ(Text("Text1"), "new");
+}
+
 TEST_F(VocabularyRecords, A_negative_count_stands_for_no_values) {
   VocRecord record = Curve("odd", {1, 2});
   record.VocabularySampleCount(-5);
@@ -205,12 +240,34 @@ TEST_F(VocabularyRecords, A_negative_count_stands_for_no_values) {
   EXPECT_EQ(On_Disk().VocabularySamples(1), 1);
 }
 
-TEST_F(VocabularyRecords, A_full_disk_ends_the_command_and_the_window_shows_what_it_showed) {
+TEST_F(VocabularyRecords, A_full_disk_ends_a_change_and_leaves_buffer_window_and_file) {
+  for (const auto command : {"mnuDelete", "mnuCut", "mnuRename", "mnuPaste"}) {
+    Open(Three_Curves());
+    const auto file = Bytes_On_Disk();
+    data_files.write_faults = {{data_files.writes + 1, {Failure::Disk_Full, 0}}};
+    boxes.answers = {BoxAnswer::Yes};
+    dialogs.texts = {"new"};
+    EXPECT_EQ(Failure_Of([&] { Window().Choose_Menu(command); }), 61) << command;
+    EXPECT_EQ(Trim(editor.Vocabulary().VocabularyName()), "one") << command;
+    EXPECT_EQ(editor.Vocabulary().VocabularySampleCount(), 1) << command;
+    EXPECT_EQ(Current(), 1) << command;
+    EXPECT_EQ(Text("Text1"), "one") << command;
+    EXPECT_EQ(Bytes_On_Disk(), file) << command;
+    boxes.answers.clear();
+    dialogs.texts.clear();
+  }
+}
+
+TEST_F(VocabularyRecords, A_paste_that_fails_leaves_no_hole_for_the_next_one) {
   Open(Three_Curves());
+  Choose("mnuCopy");
   data_files.write_faults[1] = {Failure::Disk_Full, 0};
-  EXPECT_EQ(Failure_Of([this] { Window().Choose_Menu("mnuDelete"); }), 61);
-  EXPECT_EQ(Text("Text1"), "one");
-  EXPECT_EQ(Name_On_Disk(), "one");
+  boxes.answers = {BoxAnswer::Yes};
+  EXPECT_EQ(Failure_Of([this] { Window().Choose_Menu("mnuPaste"); }), 61);
+  Answer("mnuPaste", BoxAnswer::Yes);
+  EXPECT_EQ(Bytes_On_Disk().size(), 4U * 9634);
+  EXPECT_EQ(On_Disk(4).RecordNo(), 4);
+  EXPECT_EQ(Name_On_Disk(4), "one");
 }
 
 struct VocabularyMenus : VocabularyEditorTest {

@@ -308,5 +308,19 @@ TEST(Timers, A_tick_that_throws_leaves_the_loop_whole) {
   EXPECT_EQ(ticks, 1);
 }
 
+TEST(Timers, All_of_them_can_be_stopped_at_once) {
+  HandClock clock;
+  int ticks = 0;
+  const auto timer = clock.Make_Timer(std::chrono::milliseconds(10), [&] { ++ticks; });
+  timer->Enable(true);
+  clock.Enable(FormTimer::Timer5, true);
+  clock.Stop_Timers();
+  EXPECT_FALSE(timer->Is_Enabled());
+  EXPECT_FALSE(clock.Form_Timer(FormTimer::Timer5).Is_Enabled());
+  clock.now += std::chrono::seconds(1);
+  clock.Run_Pending_Events();
+  EXPECT_EQ(ticks, 0);
+}
+
 }  // namespace
 }  // namespace quillspeech

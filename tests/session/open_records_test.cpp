@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/text.hpp"
@@ -93,13 +94,43 @@ TYPED_TEST(OpenRecords, A_file_that_cannot_be_opened_leaves_the_count_and_the_re
   EXPECT_EQ(this->current.RecordNo(), 7);
 }
 
-TYPED_TEST(OpenRecords, A_file_that_cannot_be_read_is_counted_and_leaves_the_record) {
+TYPED_TEST(OpenRecords, A_file_that_cannot_be_read_leaves_what_was_open_with_its_count_and_record) {
+  this->Open();
+  this->data.Main_Record_Count = 7;
   this->current.RecordNo(7);
-  this->Content().assign(3 * TypeParam::Record_Bytes, 5);
-  this->store.read_faults[1] = Failure::Device_Failure;
-  EXPECT_EQ(Failure_Of([&] { this->Open(); }), 57);
-  EXPECT_EQ(this->data.Main_Record_Count, 3);
+  this->store.files["b.dat"].assign(3 * TypeParam::Record_Bytes, 5);
+  this->store.read_faults[this->store.reads + 1] = Failure::Device_Failure;
+  EXPECT_EQ(Failure_Of([&] { Open_Records(this->data, this->current, this->store, "b.dat"); }), 57);
+  EXPECT_EQ(this->data.Main_Record_Count, 7);
   EXPECT_EQ(this->current.RecordNo(), 7);
+  EXPECT_EQ(this->store.open_files, 1);
+  this->data.Main_File_Number.Write(7, this->current.Bytes());
+  EXPECT_EQ(std::ssize(this->Content()), 7 * TypeParam::Record_Bytes);
+}
+
+TYPED_TEST(OpenRecords, What_was_read_ahead_before_an_opening_no_longer_holds) {
+  this->Open();
+  const std::int64_t first = this->data.Main_File_Number.Edition();
+  this->Open();
+  EXPECT_GT(this->data.Main_File_Number.Edition(), first);
+}
+
+TYPED_TEST(OpenRecords, A_record_that_is_written_behind_the_last_one_is_counted) {
+  this->Content().assign(2 * TypeParam::Record_Bytes, 5);
+  this->Open();
+  const std::pair<int, int> cases[] = {{1, 2}, {2, 2}, {3, 3}, {9, 9}, {4, 9}};
+  for (const auto& [number, count] : cases) {
+    this->current.RecordNo(number);
+    Write_At_Its_Number(this->data, this->current);
+    EXPECT_EQ(this->data.Main_Record_Count, count) << number;
+  }
+}
+
+TYPED_TEST(OpenRecords, A_write_that_fails_counts_nothing) {
+  this->Open();
+  this->store.write_faults[1] = {Failure::Disk_Full, 0};
+  EXPECT_EQ(Failure_Of([&] { Write_At_Its_Number(this->data, this->current); }), 61);
+  EXPECT_EQ(this->data.Main_Record_Count, 0);
 }
 
 TEST(OpenRecordsByKind, Missing_bytes_are_blanks_in_an_engine_file_and_zeros_in_the_others) {

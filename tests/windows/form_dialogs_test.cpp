@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <utility>
 
 #include "platform/windows/dialogs.hpp"
 #include "tests/support/temporary_folder.hpp"
@@ -16,10 +17,20 @@ namespace {
 struct FormDialogs : FormScreen, TemporaryFolder {
   // Asks, and does that once the dialog has come up.
   std::string Answer_To(const InputBox& box, const std::function<void(HWND)>& act) {
-    Later([&] { act(views.Modal_Window()); });
-    return dialogs.Ask_Text(box);
+    bool is_done = false;
+    Later([&] {
+      if (!std::exchange(is_done, true)) act(views.Modal_Window());
+    });
+    const std::string answer = dialogs.Ask_Text(box);
+    later.clear();
+    return answer;
   }
   static HWND Answer_Field(HWND box) { return FindWindowExW(box, nullptr, L"EDIT", nullptr); }
+
+  static int Height_Of(HWND window) {
+    const RECT place = Place_On_Screen(window);
+    return static_cast<int>(place.bottom - place.top);
+  }
 
   // The file dialog of this thread that is up; null without one.
   static HWND File_Dialog() {
@@ -116,6 +127,59 @@ TEST_F(FormDialogs, A_modal_form_waits_behind_the_input_box_and_comes_back) {
   EXPECT_EQ(views.Modal_Window(), nullptr);
 }
 
+TEST_F(FormDialogs, A_modal_form_that_hides_behind_the_input_box_gives_nothing_back_before_it) {
+  const HostWindow host;
+  Later([&] {
+    later.clear();
+    Answer_To({"Find:", "Enter", ""}, [&](HWND up) {
+      views.Hide(*form);
+      EXPECT_FALSE(IsWindowEnabled(host.Window()));
+      EXPECT_EQ(views.Modal_Window(), up);
+      Press(Answer_Field(up), VK_ESCAPE);
+    });
+    EXPECT_TRUE(IsWindowEnabled(host.Window()));
+    EXPECT_EQ(views.Modal_Window(), nullptr);
+  });
+  views.Show(*form, Modality::Modal);
+  EXPECT_TRUE(IsWindowEnabled(Window()));
+}
+
+TEST_F(FormDialogs, A_prompt_shows_character_for_character) {
+  Answer_To({"Find:", "R&D costs & more", ""}, [](HWND up) {
+    // Two stand for one in a caption.
+    EXPECT_NE(Child_With_Text(up, "R&&D costs && more"), nullptr);
+    Press(Answer_Field(up), VK_ESCAPE);
+  });
+}
+
+TEST_F(FormDialogs, A_prompt_without_blanks_is_broken_and_the_box_grows_with_it) {
+  int low = 0;
+  int high = 0;
+  Answer_To({"Edit:", "Pattern", ""}, [&](HWND up) {
+    low = Height_Of(up);
+    Press(Answer_Field(up), VK_ESCAPE);
+  });
+  later.clear();
+  const std::string pattern(300, 'w');
+  Answer_To({"Edit:", "Pattern " + pattern, ""}, [&](HWND up) {
+    high = Height_Of(up);
+    const HWND label = FindWindowExW(up, nullptr, L"STATIC", nullptr);
+    std::string shown = Text_Of(label);
+    EXPECT_GT(std::erase(shown, '\n'), 5);
+    EXPECT_EQ(shown, "Pattern " + pattern);
+    EXPECT_LE(Place_On_Screen(label).bottom, Place_On_Screen(Answer_Field(up)).top);
+    Press(Answer_Field(up), VK_ESCAPE);
+  });
+  EXPECT_GT(high, low + 40);
+}
+
+TEST_F(FormDialogs, An_endless_prompt_leaves_the_box_on_the_screen) {
+  Answer_To({"Edit:", std::string(5000, 'w'), ""}, [](HWND up) {
+    EXPECT_LT(Height_Of(up), 300);
+    Press(Answer_Field(up), VK_ESCAPE);
+  });
+}
+
 TEST_F(FormDialogs, A_form_that_is_modal_already_is_not_so_twice) {
   Later([this] {
     views.Show(*form, Modality::Modal);
@@ -164,6 +228,37 @@ TEST_F(FormDialogs, A_file_is_chosen_by_its_name_and_the_folder_of_the_process_s
   EXPECT_EQ(std::filesystem::path(answer).filename(), "animals.SAY");
   EXPECT_TRUE(std::filesystem::exists(answer)) << answer;
   EXPECT_EQ(std::filesystem::current_path(), before);
+}
+
+TEST_F(FormDialogs, A_name_without_an_extension_gets_that_of_the_pattern) {
+  const auto typed = [&](const std::string& pattern, const std::string& name) {
+    const std::string whole = Path(name);
+    return File_Answer_To({"Open", pattern, ""}, [&](HWND up, HWND field) {
+      if (!field) return false;
+      SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(windows::Wide(whole).c_str()));
+      PostMessageW(up, WM_COMMAND, IDOK, 0);
+      return true;
+    });
+  };
+  EXPECT_EQ(std::filesystem::path(typed("*.SAY", "new")).filename().string(), "new.SAY");
+  EXPECT_EQ(std::filesystem::path(typed("*.SAY", "new.say")).filename().string(), "new.say");
+  EXPECT_EQ(std::filesystem::path(typed("*.*", "new")).filename().string(), "new");
+}
+
+TEST_F(FormDialogs, No_other_window_takes_input_while_the_file_dialog_is_up) {
+  const HostWindow host;
+  Show();
+  EXPECT_EQ(File_Answer_To({"Open", "*.SAY", ""},
+                           [&](HWND up, HWND) {
+                             EXPECT_FALSE(IsWindowEnabled(host.Window()));
+                             EXPECT_FALSE(IsWindowEnabled(Window()));
+                             PostMessageW(up, WM_COMMAND, IDCANCEL, 0);
+                             return true;
+                           }),
+            "");
+  EXPECT_TRUE(IsWindowEnabled(host.Window()));
+  EXPECT_TRUE(IsWindowEnabled(Window()));
+  EXPECT_EQ(GetActiveWindow(), Window());
 }
 
 TEST_F(FormDialogs, A_cancelled_file_dialog_answers_nothing) {

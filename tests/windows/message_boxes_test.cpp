@@ -117,6 +117,45 @@ TEST_F(SystemBoxes, Without_one_it_belongs_to_the_active_window_of_the_thread) {
   ::DestroyWindow(window);
 }
 
+struct Popup {
+  ~Popup() { ::DestroyWindow(window); }
+  const HWND window = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 10, 10,
+                                        nullptr, nullptr, nullptr, nullptr);
+};
+
+TEST_F(SystemBoxes, No_window_of_the_thread_takes_input_while_a_box_is_up) {
+  const Popup other;
+  const Popup front;
+  const Popup disabled;
+  ::EnableWindow(disabled.window, FALSE);
+  ::SetActiveWindow(front.window);
+  bool was_enabled = true;
+  const auto look = events.Make_Timer(10ms, [&] {
+    if (!Box_That_Is_Up()) return;
+    was_enabled = ::IsWindowEnabled(other.window) || ::IsWindowEnabled(front.window);
+  });
+  look->Enable(true);
+  Show_And_Press(boxes, {"T", "text"}, IDOK);
+  EXPECT_FALSE(was_enabled);
+  EXPECT_TRUE(::IsWindowEnabled(other.window));
+  EXPECT_TRUE(::IsWindowEnabled(front.window));
+  EXPECT_FALSE(::IsWindowEnabled(disabled.window));
+  EXPECT_EQ(::GetActiveWindow(), front.window);
+}
+
+TEST_F(SystemBoxes, What_was_active_is_so_again_behind_a_box_whose_window_has_gone) {
+  const Popup below;
+  const Popup front;
+  ::SetActiveWindow(front.window);
+  MessageBoxes owned([&] { return below.window; });
+  const auto hide = events.Make_Timer(10ms, [&] {
+    if (Box_That_Is_Up()) ::ShowWindow(below.window, SW_HIDE);
+  });
+  hide->Enable(true);
+  Show_And_Press(owned, {"T", "text"}, IDOK);
+  EXPECT_EQ(::GetActiveWindow(), front.window);
+}
+
 TEST_F(SystemBoxes, A_box_of_nobodys_shows_too) {
   EXPECT_EQ(Show_And_Press(boxes, {"T", "text"}, IDOK), BoxAnswer::OK);
 }

@@ -4,27 +4,41 @@
 // after it
 #include <cderr.h>
 
+#include <algorithm>
+
+#include "platform/windows/form_text.hpp"
 #include "platform/windows/text.hpp"
+#include "platform/windows/waiting_windows.hpp"
 
 namespace quillspeech::windows {
 namespace {
 
-constexpr FormSize Box_Size{5400, 1800};
+constexpr FormPlace Prompt_Place{150, 135, 3840, 1020};
+constexpr int Most_Lines = 12;  // of a prompt
 
-FormControl Prompt_Label(const InputBox& box) {
+// It is shown character for character, and the whole of it where twelve lines hold it.
+FormControl Prompt_Label(const InputBox& box, int dots_per_inch) {
+  const FormScale scale = Scale_At(dots_per_inch);
   FormControl label;
   label.name = "Label1";
-  label.place = {150, 135, 3840, 1020};
-  label.text = box.prompt;
+  label.place = Prompt_Place;
   label.multi_line = true;
+  FormFonts fonts(scale);
+  const TextMeasure measure(fonts.Font_For(label.font));
+  const int width = scale.Across(Prompt_Place.width);
+  const std::wstring prompt = measure.With_Broken_Words(Wide(box.prompt), width);
+  const int height =
+      std::min(measure.Height(prompt, width), Most_Lines * measure.Line_Height()) + 1;
+  label.place.height = std::max(label.place.height, MulDiv(height, Twips_Per_Inch, dots_per_inch));
+  label.text = As_Caption(Narrow(prompt));
   return label;
 }
 
-FormControl Answer_Box(const InputBox& box) {
+FormControl Answer_Box(const InputBox& box, int top) {
   FormControl answer;
   answer.name = "Text1";
   answer.kind = FormControlKind::TextBox;
-  answer.place = {150, 1320, 5100, 315};
+  answer.place = {150, top, 5100, 315};
   answer.text = box.text;
   return answer;
 }
@@ -49,6 +63,21 @@ std::wstring Filter_Of(const std::string& pattern) {
   return filter + L'\0';
 }
 
+// What a name without one gets; empty: the pattern has no single one.
+std::wstring Extension_Of(const std::string& pattern) {
+  const std::size_t dot = pattern.rfind('.');
+  if (dot == std::string::npos || pattern.find_first_of("*?;", dot) != std::string::npos) return {};
+  return Wide(pattern.substr(dot + 1));
+}
+
+// A name that has one, or that a file bears, stays as it is.
+std::wstring With_Extension(const std::wstring& name, const std::wstring& extension) {
+  const std::size_t last = name.find_last_of(L".\\/:");
+  const bool has_one = last != std::wstring::npos && name[last] == L'.';
+  const bool is_there = GetFileAttributesW(name.c_str()) != INVALID_FILE_ATTRIBUTES;
+  return extension.empty() || has_one || is_there ? name : name + L'.' + extension;
+}
+
 // A name that no file can have is not shown.
 bool Is_Answered(OPENFILENAMEW& asked) {
   if (GetOpenFileNameW(&asked)) return true;
@@ -61,11 +90,13 @@ bool Is_Answered(OPENFILENAMEW& asked) {
 
 // Enter is OK and Escape is Cancel; the text stands selected, so that typing replaces it.
 std::string Dialogs::Ask_Text(const InputBox& box) {
-  Form form("InputBox", box.title, Box_Size);
-  form.Add(Answer_Box(box));
+  const FormControl prompt = Prompt_Label(box, views_.Dots_Per_Inch());
+  const int answer_top = prompt.place.top + prompt.place.height + 165;
+  Form form("InputBox", box.title, FormSize{5400, answer_top + 480});
+  form.Add(Answer_Box(box, answer_top));
   form.Add(Button("Command1", "OK", 135));
   form.Add(Button("Command2", "Cancel", 570));
-  form.Add(Prompt_Label(box));
+  form.Add(prompt);
   form.Set_Default_Button("Command1");
   form.Set_Cancel_Button("Command2");
   std::string answer;
@@ -94,8 +125,9 @@ std::string Dialogs::Ask_File(const FileDialog& dialog) {
   asked.lpstrTitle = title.c_str();
   asked.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
   const auto time = views_.Modal_Time ? views_.Modal_Time() : nullptr;
+  const BoxTime others(asked.hwndOwner);
   if (!Is_Answered(asked)) return {};
-  return Narrow(name.c_str());
+  return Narrow(With_Extension(name.c_str(), Extension_Of(dialog.pattern)));
 }
 
 }  // namespace quillspeech::windows

@@ -168,6 +168,15 @@ void FormControlWindow::Show_Text(const FormControl& control) {
   Tell(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
+void FormControlWindow::Put_Caret_At_End() {
+  const auto end = static_cast<int>(Tell(WM_GETTEXTLENGTH));
+  if (kind_ == FormControlKind::ComboBox) {
+    Tell(CB_SETEDITSEL, 0, MAKELPARAM(end, end));
+  } else {
+    Tell(EM_SETSEL, static_cast<WPARAM>(end), end);
+  }
+}
+
 void FormControlWindow::Show_Items(const FormControl& control) {
   const bool is_list = kind_ == FormControlKind::ListBox;
   const UINT add = is_list ? LB_ADDSTRING : CB_ADDSTRING;

@@ -35,6 +35,8 @@ class FormControlWindow {
   void Show_Read_Only(const FormControl& control);
   void Show_Drawing(const FormControl& control);
 
+  void Put_Caret_At_End();
+
   // What a person has made of it.
   std::string Text() const;
   int Index() const;

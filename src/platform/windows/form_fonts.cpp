@@ -29,9 +29,11 @@ FormFonts::~FormFonts() {
 }
 
 HFONT FormFonts::Font_For(const FormFont& font) {
-  HFONT& made = fonts_[{font.name, font.points, font.bold}];
+  const bool has_name = font.name.find_first_not_of(' ') != std::string::npos;
+  const std::string name = has_name ? font.name : FormFont().name;
+  HFONT& made = fonts_[{name, font.points, font.bold}];
   if (!made) {
-    const LOGFONTW description = Description_Of(font, scale_);
+    const LOGFONTW description = Description_Of({name, font.points, font.bold}, scale_);
     made = CreateFontIndirectW(&description);
   }
   return made;

@@ -19,6 +19,7 @@ class FormFonts {
   FormFonts& operator=(const FormFonts&) = delete;
 
   const FormScale& Scale() const { return scale_; }
+  // A blank name is that of the default font.
   HFONT Font_For(const FormFont& font);
 
  private:

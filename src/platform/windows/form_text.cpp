@@ -46,6 +46,31 @@ std::vector<std::wstring> TextMeasure::Lines(std::wstring_view text, int width) 
   return lines;
 }
 
+std::wstring TextMeasure::With_Broken_Words(std::wstring_view text, int width) const {
+  std::wstring broken;
+  std::wstring piece;  // of the word under way
+  for (const wchar_t letter : text) {
+    const bool is_in_a_word = letter != L' ' && letter != L'\r' && letter != L'\n';
+    if (!is_in_a_word) {
+      piece.clear();
+    } else if (!piece.empty() && Width(piece + letter) > width) {
+      broken += L'\n';
+      piece = letter;
+    } else {
+      piece += letter;
+    }
+    broken += letter;
+  }
+  return broken;
+}
+
+int TextMeasure::Height(const std::wstring& text, int width) const {
+  RECT place{0, 0, width, 0};
+  DrawTextW(screen_, text.c_str(), static_cast<int>(text.size()), &place,
+            DT_CALCRECT | DT_WORDBREAK | DT_EXPANDTABS | DT_NOPREFIX);
+  return Height_Of(place);
+}
+
 std::wstring TextMeasure::With_Dots(std::wstring_view text, int width) const {
   if (Width(text) <= width) return std::wstring(text);
   std::wstring cut(text);
@@ -63,6 +88,12 @@ std::wstring Without_Mnemonic(std::string_view caption) {
     shown += caption[at];
   }
   return Wide(shown);
+}
+
+std::string As_Caption(std::string_view text) {
+  std::string caption;
+  for (const char letter : text) caption.append(letter == '&' ? 2 : 1, letter);
+  return caption;
 }
 
 std::size_t Place_Of_Mnemonic(std::string_view caption) {

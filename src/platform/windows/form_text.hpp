@@ -25,6 +25,10 @@ class TextMeasure {
 
   // Broken at blanks; a single word that is too long stays whole.
   std::vector<std::wstring> Lines(std::wstring_view text, int width) const;
+  // With a line end wherever a word that is longer than a line is full.
+  std::wstring With_Broken_Words(std::wstring_view text, int width) const;
+  // How high a label that is so wide and wraps at blanks and line ends is with it.
+  int Height(const std::wstring& text, int width) const;
   // Cut, with dots behind it, when it is too long.
   std::wstring With_Dots(std::wstring_view text, int width) const;
 
@@ -38,6 +42,8 @@ class TextMeasure {
 
 // A caption as it shows: one & is a mark, two are one.
 std::wstring Without_Mnemonic(std::string_view caption);
+// And the caption that shows as that text.
+std::string As_Caption(std::string_view text);
 constexpr std::size_t No_Letter = static_cast<std::size_t>(-1);
 // Where in that the marked letter stands.
 std::size_t Place_Of_Mnemonic(std::string_view caption);

@@ -1,6 +1,7 @@
 #include "platform/windows/form_view.hpp"
 
 #include <algorithm>
+#include <ranges>
 #include <set>
 #include <system_error>
 #include <utility>
@@ -73,15 +74,18 @@ HWND FormViews::Owner_For_New_Window() const {
   return Owner ? Owner() : nullptr;
 }
 
+void FormViews::Make_Window(FormWindow& window, Modality modality) {
+  if (!window.Make_Top(Owner_For_New_Window(), modality == Modality::Modal)) Give_Up(window);
+  if (Window_Life) window.life = Window_Life();
+}
+
 void FormViews::Show(Form& form, Modality modality) {
   const std::weak_ptr<const void> life = form.Life();
   form.Load();
   if (life.expired() || !form.Is_Loaded()) return;  // its Load has unloaded it again
   FormWindow* const found = Find(form);
   std::shared_ptr<FormWindow> window = found ? found->shared_from_this() : Made(form);
-  if (!window->Window() && !window->Make_Top(Owner_For_New_Window(), modality == Modality::Modal)) {
-    Give_Up(*window);
-  }
+  if (!window->Window()) Make_Window(*window, modality);
   const bool is_modal = std::ranges::find(modal_, window.get()) != modal_.end();
   if (modality == Modality::Modal && !is_modal) return Run_Modally(window);
   window->Show();
@@ -102,7 +106,10 @@ void FormViews::Run_Modally(const std::shared_ptr<FormWindow>& window) {
   std::erase(modal_, window.get());
 }
 
+// A look at the queue tells whether the thread is still to quit: a host may have gone on all the
+// same.
 void FormViews::Wait_While_Shown(FormWindow& window) {
+  if (loop_.Is_Quitting()) loop_.Run_Pending_Events();
   while (window.Is_Shown()) {
     if (loop_.Is_Quitting()) {
       if (Form* const form = window.Model()) form->Unload();
@@ -113,7 +120,13 @@ void FormViews::Wait_While_Shown(FormWindow& window) {
   }
 }
 
-HWND FormViews::Modal_Window() const { return modal_.empty() ? nullptr : modal_.back()->Window(); }
+// One that has been hidden is about to return only, and no box can lie before it.
+HWND FormViews::Modal_Window() const {
+  for (const FormWindow* const window : modal_ | std::views::reverse) {
+    if (window->Window() && window->Is_Shown()) return window->Window();
+  }
+  return nullptr;
+}
 
 std::vector<std::string> FormViews::Font_Names() const {
   std::set<std::string> names;

@@ -48,12 +48,15 @@ class FormViews final : public quillspeech::FormViews {
   std::function<void()> At_Failure;
   // What a new window lies before when none of the thread's is active; it may be null.
   std::function<HWND()> Owner;
+  // What it gives is kept as long as a form has a window of its own.
+  std::function<std::shared_ptr<const void>()> Window_Life;
   // What it gives is kept as long as a form shows modally.
   std::function<std::shared_ptr<const void>()> Modal_Time;
 
  private:
   FormWindow* Find(const Form& form) const;
   std::shared_ptr<FormWindow> Made(Form& form);
+  void Make_Window(FormWindow& window, Modality modality);
   void Run_Modally(const std::shared_ptr<FormWindow>& window);
   void Wait_While_Shown(FormWindow& window);
   bool Filter(MSG& message);

@@ -134,35 +134,16 @@ void FormWindow::Show() {
     ShowWindow(window_, SW_SHOWNA);
     return;
   }
-  ShowWindow(window_, SW_SHOW);
+  ShowWindow(window_, IsIconic(window_) ? SW_RESTORE : SW_SHOW);
   SetForegroundWindow(window_);
 }
 
 // The others come back first, so that one of them, and no other program's, gets to the front.
 void FormWindow::Hide() {
-  Enable_Others();
+  others_.Let_Go();
   is_shown_ = false;
   Leave_Focus();
   if (window_) ShowWindow(window_, SW_HIDE);
-}
-
-void FormWindow::Disable_Others() {
-  EnumThreadWindows(GetCurrentThreadId(), &FormWindow::Note_Other, reinterpret_cast<LPARAM>(this));
-  for (const HWND window : disabled_) EnableWindow(window, FALSE);
-}
-
-BOOL CALLBACK FormWindow::Note_Other(HWND window, LPARAM modal) {
-  auto& form = *reinterpret_cast<FormWindow*>(modal);
-  if (window != form.window_ && IsWindowVisible(window) && IsWindowEnabled(window)) {
-    form.disabled_.push_back(window);
-  }
-  return TRUE;
-}
-
-void FormWindow::Enable_Others() {
-  for (const HWND window : std::exchange(disabled_, {})) {
-    if (IsWindow(window)) EnableWindow(window, TRUE);
-  }
 }
 
 void FormWindow::Move(const ChildPlace& place) {
@@ -207,8 +188,7 @@ void FormWindow::Control_Changed(const FormControl& control, FormChange change) 
       RedrawWindow(one->Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
       return;
     case FormChange::Enabled:
-      EnableWindow(one->Window(), control.enabled);
-      return;
+      return Enable_Control(*one, control.enabled);
     case FormChange::Visible:
       ShowWindow(one->Window(), control.visible ? SW_SHOWNA : SW_HIDE);
       return;
@@ -269,8 +249,9 @@ void FormWindow::End() {
 // with that.
 void FormWindow::On_Window_Destroyed() {
   window_ = nullptr;
+  life.reset();
   tips_.reset();
-  Enable_Others();
+  others_.Let_Go();
   is_shown_ = false;
   Form* const form = form_;
   if (!form) return;

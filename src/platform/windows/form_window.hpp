@@ -13,6 +13,7 @@
 #include "platform/windows/form_fonts.hpp"
 #include "platform/windows/form_menus.hpp"
 #include "platform/windows/form_tips.hpp"
+#include "platform/windows/waiting_windows.hpp"
 
 namespace quillspeech::windows {
 
@@ -54,7 +55,7 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   void Show();
   void Hide();
   // Keeps the thread's other windows from taking input until the form hides.
-  void Disable_Others();
+  void Disable_Others() { others_.Hold_All_But(window_); }
   void Move(const ChildPlace& place);
   void Set_Mode(ChildMode mode);
   void Repaint();
@@ -94,10 +95,9 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   static LRESULT CALLBACK Window_Procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
 
   FormSignals signals;
+  std::shared_ptr<const void> life;  // let go with the window
 
  private:
-  static BOOL CALLBACK Note_Other(HWND window, LPARAM modal);
-
   bool Make(DWORD style, DWORD extended, const RECT& place, HWND parent);
   void Make_Controls();
   void Place_Controls();
@@ -125,6 +125,7 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   void Give_Focus();
   void Take_Focus_By_Click();
   void Leave_Focus();
+  void Enable_Control(const FormControlWindow& control, bool on);
   void Note_Focus(HWND now);
   void On_Window_Destroyed();
   std::optional<LRESULT> Handle_Key(FormControlWindow& control, UINT message, WPARAM key);
@@ -132,7 +133,6 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   bool Translate_Key_Down(MSG& message);
   bool Leaves_By_Tab() const;
   bool Press(unsigned char key);
-  void Enable_Others();
   void Let_Go();
   void End();
 
@@ -150,7 +150,7 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   std::vector<std::unique_ptr<FormControlWindow>> controls_;
   std::unique_ptr<FormTips> tips_;
   std::unique_ptr<FormMenus> menus_;
-  std::vector<HWND> disabled_;
+  WaitingWindows others_;
 };
 
 }  // namespace quillspeech::windows

@@ -20,14 +20,21 @@ std::optional<unsigned char> Key_Of(WPARAM character) {
   return static_cast<unsigned char>(narrow.front());
 }
 
-// What is typed next takes the place of the text that stands there, as in every dialog.
+// What is typed next takes the place of the text that stands there, as in every dialog. A text that
+// can only be read stays as it is.
 void Focus_And_Select(HWND control) {
   SetFocus(control);
   const bool has_text = (SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0;
-  if (has_text) SendMessageW(control, EM_SETSEL, 0, -1);
+  const bool is_to_read = (GetWindowLongPtrW(control, GWL_STYLE) & ES_READONLY) != 0;
+  if (has_text && !is_to_read) SendMessageW(control, EM_SETSEL, 0, -1);
 }
 
 bool Is_Enter_Or_Escape(WPARAM key) { return key == Key_Enter || key == Key_Escape; }
+
+// Ctrl and a letter, as for copying, are no character.
+bool Is_Command(WPARAM character) {
+  return character < L' ' && !Is_Enter_Or_Escape(character) && character != VK_BACK;
+}
 static_assert(Key_Enter == VK_RETURN && Key_Escape == VK_ESCAPE);
 
 }  // namespace
@@ -139,6 +146,7 @@ std::optional<LRESULT> FormWindow::Handle_Key(FormControlWindow& control, UINT m
   const auto character = Key_Of(key);
   if (!character) return {};
   const std::string name = control.Name();
+  if (Is_Command(key) && (*form_)[name].read_only) return {};
   const bool is_taken = form_->Press_Key(name, *character);
   if (!form_) return 0;
   // An edit field of one line would only beep.
@@ -178,6 +186,18 @@ void FormWindow::Take_Focus_By_Click() {
 // To the window around a child.
 void FormWindow::Leave_Focus() {
   if (is_child_ && Holds(GetFocus())) SetFocus(GetParent(window_));
+}
+
+// The focus goes on from what takes no action any more to the next that does.
+void FormWindow::Enable_Control(const FormControlWindow& control, bool on) {
+  const Stay stay(*this);
+  const HWND window = control.Window();
+  const HWND now = GetFocus();
+  const bool leaves = !on && now && (now == window || IsChild(window, now));
+  EnableWindow(window, on);
+  if (!leaves || !window_) return;
+  const HWND next = GetNextDlgTabItem(window_, window, FALSE);
+  if (next && next != window && IsWindowEnabled(next)) SetFocus(next);
 }
 
 void FormWindow::Note_Focus(HWND now) {

@@ -169,8 +169,11 @@ void FormWindow::On_Command(HWND window, UINT code) {
 // What the model makes of the text stands in the box afterwards.
 void FormWindow::On_Typed(FormControlWindow& control) {
   const std::string name = control.Name();
-  form_->Type(name, control.Text());
-  if (form_) control.Show_Text((*form_)[name]);
+  const std::string typed = control.Text();
+  form_->Type(name, typed);
+  if (!form_ || (*form_)[name].text == typed) return;
+  control.Show_Text((*form_)[name]);
+  control.Put_Caret_At_End();
 }
 
 // An entry of the menus or, from the dialog keys, Enter or Escape.

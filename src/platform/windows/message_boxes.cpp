@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/windows/text.hpp"
+#include "platform/windows/waiting_windows.hpp"
 
 namespace quillspeech::windows {
 
@@ -21,6 +22,7 @@ BoxAnswer MessageBoxes::Show(const MessageBox& box) {
   HWND owner = owner_ ? owner_() : nullptr;
   if (owner == nullptr) owner = ::GetActiveWindow();
   const UINT waiting = owner == nullptr ? MB_TASKMODAL : MB_APPLMODAL;
+  const BoxTime time(owner);
   const int pressed = ::MessageBoxW(owner, Wide(box.text).c_str(), Wide(box.title).c_str(),
                                     Style_Of(box) | waiting);
   if (box.buttons == BoxButtons::OK) return BoxAnswer::OK;

@@ -8,7 +8,8 @@
 
 namespace quillspeech::windows {
 
-// While a box is up its own message loop runs, and the ticks of the hidden window with it.
+// While a box is up its own message loop runs, and the ticks of the hidden window with it. No other
+// window of the thread takes input meanwhile.
 class MessageBoxes final : public quillspeech::MessageBoxes {
  public:
   // `owner` is asked at each box for the window that the box belongs to. A null one is replaced by
