@@ -167,7 +167,7 @@ std::string Record_Summary(const SayRecord& record) {
   lines.Add("No. of Criterias :  " + std::to_string(record.DifferentiatorCount()));
   for (int i = 1; i <= record.DifferentiatorCount(); ++i) {
     lines.Add("Special Criteria's,Slot No. " + std::to_string(record.SlotNumbers(i)) +
-              " Engine Code " + Text_Of(record.EngineCodes(i)) + " Engine Code Weight " +
+              "Engine Code " + Text_Of(record.EngineCodes(i)) + " Engine Code Weight " +
               std::to_string(record.EngineCodeWeights(i)));
   }
   for (int i = 1; i <= record.LikeCount(); ++i) {

@@ -216,7 +216,7 @@ TEST_F(Summary, Lists_the_words_the_divisions_the_differentiators_and_the_patter
             "Total Timelength :  12345\r\n"
             "No. of entries for protocols :  2\r\n"
             "No. of Criterias :  1\r\n"
-            "Special Criteria's,Slot No. 3 Engine Code oa Engine Code Weight 12\r\n"
+            "Special Criteria's,Slot No. 3Engine Code oa Engine Code Weight 12\r\n"
             "Entry no 1 : fth*s 70\r\n"
             "Entry no 2 : f? 60");
 }

@@ -199,7 +199,7 @@ class Script {
 
   void Look_At_The_Summary() {
     const std::string differentiator =
-        "Special Criteria's,Slot No. 6 Engine Code sh Engine Code Weight 15\r\n";
+        "Special Criteria's,Slot No. 6Engine Code sh Engine Code Weight 15\r\n";
     steps_.Choose("mnuTWord").Look("", "Summary of the Current Record", "FeaturesDisplay");
     steps_.Look("Text1",
                 "Word no: 1 good morning\r\n"

@@ -421,13 +421,22 @@ TEST_F(ShownForm, A_picture_file_shows_in_place_of_the_drawing) {
   form->Set_Picture("Image1", Two_Dots());
   EXPECT_EQ(At(110, 20), Red);
   EXPECT_EQ(At(150, 20), Blue);
-  form->Set_Picture("Image1", "none");
+  form->Set_Picture("Image1", "");
   EXPECT_EQ(At(110, 20), Green);
   form->Set_Picture("Picture1", Two_Dots());
   EXPECT_EQ(At(20, 20), Red);
   EXPECT_EQ(At(60, 20), Blue);
   form->Set_Picture("Picture1", "");
   EXPECT_EQ(At(20, 20), Grey);
+}
+
+TEST_F(ShownForm, A_file_that_cannot_be_read_leaves_what_is_on_view) {
+  form->Draw("Image1", Drawn_Box({0, 0}, {1, 1}, Green));
+  form->Set_Picture("Image1", "none");
+  EXPECT_EQ(At(110, 20), Green);
+  form->Set_Picture("Image1", Two_Dots());
+  form->Set_Picture("Image1", Two_Dots().substr(0, 20));
+  EXPECT_EQ(At(110, 20), Red);
 }
 
 TEST_F(ShownForm, Look_the_same_drawn_without_windows) {

@@ -1,6 +1,7 @@
 // Forms as real windows: what they show, and what a person does to them.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -244,6 +245,38 @@ TEST_F(FormWindows, A_choice_in_the_open_list_may_destroy_its_form) {
   Run();
   EXPECT_EQ(form, nullptr);
   EXPECT_FALSE(IsWindow(window));
+}
+
+TEST_F(FormWindows,
+       An_entry_that_Enter_takes_from_the_open_list_is_chosen_and_the_key_goes_no_further) {
+  Note_Keys("Combo1");
+  Show();
+  const HWND combo = FindWindowExW(Window(), nullptr, L"COMBOBOX", nullptr);
+  COMBOBOXINFO parts{};
+  parts.cbSize = sizeof parts;
+  ASSERT_TRUE(GetComboBoxInfo(combo, &parts));
+  SetFocus(parts.hwndItem);
+  SendMessageW(combo, CB_SHOWDROPDOWN, TRUE, 0);
+  Press(parts.hwndItem, VK_DOWN);
+  Run();
+  Press(parts.hwndItem, VK_RETURN);
+  Run();
+  EXPECT_EQ((*form)["Combo1"].text, "one");
+  EXPECT_EQ((*form)["Combo1"].index, 0);
+  EXPECT_EQ(std::ranges::count(heard, "Combo1_KeyPress 13"), 0);
+  Press(parts.hwndItem, VK_RETURN);
+  Run();
+  EXPECT_EQ(std::ranges::count(heard, "Combo1_KeyPress 13"), 1);
+}
+
+TEST_F(FormWindows, A_form_beside_another_does_not_end_with_it) {
+  Show();
+  Form other("Form2", "Beside", {1500, 1500});
+  views.Show(other, Modality::None);
+  form->Unload();
+  Run();
+  EXPECT_TRUE(other.Is_Loaded());
+  EXPECT_TRUE(views.Is_Shown(other));
 }
 
 TEST_F(FormWindows, A_change_may_destroy_its_form) {

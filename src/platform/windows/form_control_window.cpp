@@ -207,7 +207,11 @@ void FormControlWindow::Show_Read_Only(const FormControl& control) {
 }
 
 void FormControlWindow::Show_Drawing(const FormControl& control) {
-  if (!picture_.Is_Of(control.picture)) picture_ = PictureFile(control.picture);
+  if (!picture_.Is_Of(control.picture)) {
+    PictureFile next(control.picture);
+    // A file that the system cannot read leaves what is on view.
+    if (next.Is_There() || control.picture.empty()) picture_ = std::move(next);
+  }
   InvalidateRect(window_, nullptr, FALSE);
 }
 
@@ -222,6 +226,13 @@ std::string FormControlWindow::Text() const { return Narrow(Shown_Text()); }
 
 int FormControlWindow::Index() const {
   return static_cast<int>(Tell(kind_ == FormControlKind::ListBox ? LB_GETCURSEL : CB_GETCURSEL));
+}
+
+HWND FormControlWindow::Edit_Part() const {
+  COMBOBOXINFO parts{};
+  parts.cbSize = sizeof parts;
+  if (kind_ != FormControlKind::ComboBox || !GetComboBoxInfo(window_, &parts)) return nullptr;
+  return parts.hwndItem;
 }
 
 bool FormControlWindow::Is_Dropped_Down() const {

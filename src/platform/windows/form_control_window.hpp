@@ -40,6 +40,7 @@ class FormControlWindow {
   // What a person has made of it.
   std::string Text() const;
   int Index() const;
+  HWND Edit_Part() const;        // of a combo box; null: it has none
   bool Is_Dropped_Down() const;  // a combo box's list is open
 
   const PictureFile& Picture() const { return picture_; }

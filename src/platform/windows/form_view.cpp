@@ -74,8 +74,21 @@ HWND FormViews::Owner_For_New_Window() const {
   return Owner ? Owner() : nullptr;
 }
 
+// Forms that are not modal lie side by side: what ends one ends no other.
+HWND FormViews::Owner_Of_Modeless() const {
+  const HWND active = GetActiveWindow();
+  const HWND owner = active ? GetAncestor(active, GA_ROOTOWNER) : nullptr;
+  const bool is_ours = std::ranges::any_of(
+      windows_, [&](const auto& entry) { return entry.second->Window() == owner; });
+  if (owner && !is_ours) return owner;
+  return Owner ? Owner() : nullptr;
+}
+
 void FormViews::Make_Window(FormWindow& window, Modality modality) {
-  if (!window.Make_Top(Owner_For_New_Window(), modality == Modality::Modal)) Give_Up(window);
+  const bool is_modal = modality == Modality::Modal;
+  if (!window.Make_Top(is_modal ? Owner_For_New_Window() : Owner_Of_Modeless(), is_modal)) {
+    Give_Up(window);
+  }
   if (Window_Life) window.life = Window_Life();
 }
 

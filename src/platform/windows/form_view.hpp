@@ -56,6 +56,7 @@ class FormViews final : public quillspeech::FormViews {
  private:
   FormWindow* Find(const Form& form) const;
   std::shared_ptr<FormWindow> Made(Form& form);
+  HWND Owner_Of_Modeless() const;
   void Make_Window(FormWindow& window, Modality modality);
   void Run_Modally(const std::shared_ptr<FormWindow>& window);
   void Wait_While_Shown(FormWindow& window);

@@ -96,8 +96,14 @@ void FormWindow::Make_Controls() {
     made.Set_Place(place);
     if (!control.items.empty()) made.Show_Items(control);
     if (control.kind == FormControlKind::ComboBox) made.Show_Text(control);
-    if (!control.tip.empty()) tips_->Set(made.Window(), control.tip);
+    if (!control.tip.empty()) Show_Tip(made, control.tip);
   }
+}
+
+// A combo box shows it over the part to type in too, which is a window of its own.
+void FormWindow::Show_Tip(const FormControlWindow& control, std::string_view tip) {
+  tips_->Set(control.Window(), tip);
+  if (const HWND edit = control.Edit_Part()) tips_->Set(edit, tip);
 }
 
 void FormWindow::Place_Controls() {
@@ -180,7 +186,7 @@ void FormWindow::Control_Changed(const FormControl& control, FormChange change) 
     case FormChange::Text:
       return one->Show_Text(control);
     case FormChange::Tip:
-      if (tips_) tips_->Set(one->Window(), control.tip);
+      if (tips_) Show_Tip(*one, control.tip);
       return;
     case FormChange::Font:
       return one->Set_Font(desk_.fonts.Font_For(control.font), desk_.scale.Across(Field_Margin));

@@ -101,6 +101,7 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   bool Make(DWORD style, DWORD extended, const RECT& place, HWND parent);
   void Make_Controls();
   void Place_Controls();
+  void Show_Tip(const FormControlWindow& control, std::string_view tip);
   SIZE Outer_Size() const;
   FormControlWindow* Control_Named(std::string_view name) const;
   FormControlWindow* Control_At(HWND window) const;
@@ -112,6 +113,7 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   void On_Command(HWND control, UINT code);
   void On_Menu_Or_Key(WORD command);
   void On_Typed(FormControlWindow& control);
+  void On_List_Closed(FormControlWindow& control);
   LRESULT Colour(HDC device, HWND control);
   void Draw_Item(const DRAWITEMSTRUCT& item);
   void Erase(HWND window, HDC device);
@@ -144,6 +146,7 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   bool is_shown_ = false;
   bool is_pressed_ = false;       // the mouse went down on the form itself or a window of its class
   bool is_second_press_ = false;  // as the second of a double click
+  WPARAM closes_list_ = 0;        // the key that does, whose character is dealt with then
   bool has_focus_ = false;
   bool is_ending_ = false;  // the native windows go as soon as nothing runs in them
   int busy_ = 0;

@@ -133,7 +133,13 @@ std::optional<LRESULT> FormWindow::Handle_Control(FormControlWindow& control, HW
 
 std::optional<LRESULT> FormWindow::Handle_Key(FormControlWindow& control, UINT message,
                                               WPARAM key) {
-  if (!form_ || control.Is_Dropped_Down()) return {};
+  if (!form_) return {};
+  if (message == WM_KEYDOWN) closes_list_ = 0;
+  if (control.Is_Dropped_Down()) {
+    if (message == WM_KEYDOWN && Is_Enter_Or_Escape(key)) closes_list_ = key;
+    return {};
+  }
+  if (message == WM_CHAR && closes_list_ == key) return 0;
   if (message == WM_SYSCHAR) return Handle_Form_Key(message, key);
   if (is_inert_) return 0;
   if (message == WM_KEYDOWN) {

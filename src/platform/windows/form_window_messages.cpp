@@ -8,6 +8,12 @@
 namespace quillspeech::windows {
 namespace {
 
+// To the form's own window, once the system has done with the list of a combo box.
+constexpr UINT List_Has_Closed = WM_APP;
+
+}  // namespace
+namespace {
+
 bool Is_List(FormControlKind kind) {
   return kind == FormControlKind::ListBox || kind == FormControlKind::ComboBox;
 }
@@ -45,6 +51,11 @@ std::optional<LRESULT> FormWindow::Handle(HWND window, UINT message, WPARAM wide
         On_Menu_Or_Key(LOWORD(wide));
       } else {
         On_Command(reinterpret_cast<HWND>(longer), HIWORD(wide));
+      }
+      return 0;
+    case List_Has_Closed:
+      if (FormControlWindow* const list = Control_At(reinterpret_cast<HWND>(longer))) {
+        On_List_Closed(*list);
       }
       return 0;
     case WM_CLOSE:
@@ -152,6 +163,7 @@ void FormWindow::On_Command(HWND window, UINT code) {
     case FormControlKind::ComboBox:
       if (code == CBN_EDITCHANGE) On_Typed(*control);
       if (code == CBN_SELCHANGE) form_->Select(control->Name(), control->Index());
+      if (code == CBN_SELENDOK) PostMessageW(window_, List_Has_Closed, 0, LPARAM(window));
       if (code == CBN_DBLCLK) On_Second_Click(control->Name());
       return;
     case FormControlKind::ListBox:
@@ -163,6 +175,17 @@ void FormWindow::On_Command(HWND window, UINT code) {
       return;
     default:
       return;
+  }
+}
+
+// The system marks the entry that fits what was typed, and may take its text, without a word.
+void FormWindow::On_List_Closed(FormControlWindow& control) {
+  const FormControl& model = (*form_)[control.Name()];
+  const int index = control.Index();
+  if (index >= 0 && index != model.index) {
+    form_->Select(control.Name(), index);
+  } else if (control.Text() != model.text) {
+    On_Typed(control);
   }
 }
 
