@@ -66,6 +66,8 @@ TEST_F(SessionThreads, What_a_control_had_under_way_ends_with_its_thread) {
   EXPECT_FALSE(events().Form_Timer(FormTimer::Timer5).Is_Enabled());
   EXPECT_TRUE(Module::Of_This_File().Activations().Frames().empty());
   left->Release();
+  control = nullptr;
+  terminations = 1;
 }
 
 TEST_F(SessionThreads, A_control_that_an_ended_thread_has_left_behind_refuses_nobody) {
