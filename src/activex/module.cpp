@@ -111,6 +111,7 @@ void Module::Platform::Forget_Ended_Thread() {
        {operations.Unload_Graph, operations.Unload_StatusBar, operations.Unload_Help}) {
     Ends_Well(session, [&] { unload(session); });
   }
+  views.Drop_Windows();
   Close_Devices();
   events.Stop_Timers();
   activations.Forget_All();

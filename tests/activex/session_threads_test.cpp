@@ -70,6 +70,26 @@ TEST_F(SessionThreads, What_a_control_had_under_way_ends_with_its_thread) {
   terminations = 1;
 }
 
+TEST_F(SessionThreads, A_window_that_went_with_its_thread_can_be_shown_anew) {
+  control = nullptr;
+  Form form("Form1", "A form", {3000, 1500});
+  IUnknown* left = nullptr;
+  Control_Of_Another_Thread([&](IUnknown& made) {
+    made.AddRef();
+    left = &made;
+    Module::Of_This_File().Views().Show(form, Modality::None);
+  });
+  control = New_Control();
+  windows::FormViews& views = Module::Of_This_File().Views();
+  EXPECT_EQ(views.Window_Of(form), 0);
+  views.Show(form, Modality::None);
+  EXPECT_TRUE(IsWindow(reinterpret_cast<HWND>(views.Window_Of(form))));
+  form.Unload();
+  left->Release();
+  control = nullptr;
+  terminations = 1;
+}
+
 TEST_F(SessionThreads, A_control_that_an_ended_thread_has_left_behind_refuses_nobody) {
   control = nullptr;
   IUnknown* const left = Left_Behind();

@@ -46,9 +46,13 @@ FormViews::FormViews(EventLoop& loop, int dots_per_inch)
   filter_ = loop_.Add_Filter([this](MSG& message) { return Filter(message); });
 }
 
-// The models stay, without a view.
 FormViews::~FormViews() {
   loop_.Remove_Filter(filter_);
+  Drop_Windows();
+}
+
+void FormViews::Drop_Windows() {
+  modal_.clear();
   while (!windows_.empty()) {
     const std::shared_ptr<FormWindow> window = windows_.begin()->second;
     Let_Go(*window);

@@ -40,6 +40,9 @@ class FormViews final : public quillspeech::FormViews {
   // The window of the form that was shown modally last and still shows so; null: there is none.
   HWND Modal_Window() const;
 
+  // Lets go of every window; the models stay, without a view.
+  void Drop_Windows();
+
   // For a container that asks whether the form wants the key.
   bool Translate(const Form& form, MSG& message);
   void Set_Signals(const Form& form, FormSignals signals);  // of a form that has a window

@@ -181,10 +181,14 @@ void FormWindow::On_Command(HWND window, UINT code) {
 // The system marks the entry that fits what was typed, and may take its text, without a word.
 void FormWindow::On_List_Closed(FormControlWindow& control) {
   const FormControl& model = (*form_)[control.Name()];
+  const std::string shown = control.Text();
+  if (shown == model.text && model.index >= 0) return;
   const int index = control.Index();
-  if (index >= 0 && index != model.index) {
+  const bool is_entry = index >= 0 && index < static_cast<int>(model.items.size()) &&
+                        model.items[static_cast<std::size_t>(index)] == shown;
+  if (is_entry) {
     form_->Select(control.Name(), index);
-  } else if (control.Text() != model.text) {
+  } else if (shown != model.text) {
     On_Typed(control);
   }
 }
