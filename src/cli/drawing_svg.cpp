@@ -13,13 +13,6 @@ constexpr double Pixels_A_Point = 96.0 / 72;
 constexpr double Ascent = 0.9;  // of a font's size, above its base line
 constexpr std::size_t Points_A_Line = 12;
 
-std::string Colour_Svg(FormColour colour) {
-  constexpr std::string_view Digits = "0123456789abcdef";
-  std::string text = "#";
-  for (const unsigned shift : {4U, 0U, 12U, 8U, 20U, 16U}) text += Digits[colour >> shift & 0xFU];
-  return text;
-}
-
 std::string Attribute(const char* name, double value) {
   return std::string(" ") + name + "=\"" + Svg_Number(value) + "\"";
 }
@@ -46,12 +39,12 @@ class Scale {
 
 std::string Stroke(const DrawingOperation& operation) {
   const double width = operation.line_points > 0 ? operation.line_points * Pixels_A_Point : 1;
-  return " fill=\"none\" stroke=\"" + Colour_Svg(operation.colour) + "\"" +
+  return " fill=\"none\" stroke=\"" + Svg_Colour(operation.colour) + "\"" +
          Attribute("stroke-width", width) + " stroke-linejoin=\"round\"";
 }
 
 std::string Paint(const DrawingOperation& operation) {
-  return operation.is_filled ? " fill=\"" + Colour_Svg(operation.colour) + "\"" : Stroke(operation);
+  return operation.is_filled ? " fill=\"" + Svg_Colour(operation.colour) + "\"" : Stroke(operation);
 }
 
 std::string Points(const DrawingOperation& operation, const Scale& scale) {
@@ -87,7 +80,7 @@ std::string Text(const DrawingOperation& operation, const Scale& scale) {
          Attribute("y", scale.Y(corner.y) + Ascent * size) + Attribute("font-size", size) +
          " font-family=\"'" + Svg_Text(To_Utf8(operation.font.name)) + "', sans-serif\"" +
          (operation.font.bold ? " font-weight=\"bold\"" : "") + " fill=\"" +
-         Colour_Svg(operation.colour) + "\">" + Svg_Text(To_Utf8(operation.text)) + "</text>";
+         Svg_Colour(operation.colour) + "\">" + Svg_Text(To_Utf8(operation.text)) + "</text>";
 }
 
 std::string Operation(const DrawingOperation& operation, const Scale& scale) {
@@ -141,6 +134,13 @@ std::string Svg_Text(std::string_view utf8) {
     }
   }
   return escaped;
+}
+
+std::string Svg_Colour(FormColour colour) {
+  constexpr std::string_view Digits = "0123456789abcdef";
+  std::string text = "#";
+  for (const unsigned shift : {4U, 0U, 12U, 8U, 20U, 16U}) text += Digits[colour >> shift & 0xFU];
+  return text;
 }
 
 }  // namespace quillspeech::cli

@@ -19,6 +19,9 @@ struct SvgPlace {
 // The operations in order, a line each at least, stretched over the place.
 std::string Drawing_Svg(const FormDrawing& drawing, const SvgPlace& place);
 
+// As colours are written on the web: "#rrggbb".
+std::string Svg_Colour(FormColour colour);
+
 // With two digits behind the point, or less.
 std::string Svg_Number(double value);
 

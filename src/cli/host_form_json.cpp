@@ -3,6 +3,7 @@
 #include <array>
 
 #include "base/text.hpp"
+#include "cli/drawing_svg.hpp"
 
 namespace quillspeech::cli {
 namespace {
@@ -25,22 +26,12 @@ const char* Kind_Name(DrawingKind kind) {
   return "";
 }
 
-// As colours are written on the web.
-std::string Colour_Text(FormColour colour) {
-  constexpr std::string_view Digits = "0123456789abcdef";
-  std::string text = "#";
-  for (const unsigned shift : {4U, 0U, 12U, 8U, 20U, 16U}) {
-    text += Digits[(colour >> shift) & 0xFU];
-  }
-  return text;
-}
-
 Json Operation_Json(const DrawingOperation& operation) {
   Json points = Json::array();
   for (const DrawingPoint& point : operation.points) points.push_back({point.x, point.y});
   Json json = {{"draw", Kind_Name(operation.kind)},
                {"points", std::move(points)},
-               {"colour", Colour_Text(operation.colour)}};
+               {"colour", Svg_Colour(operation.colour)}};
   if (operation.kind == DrawingKind::Circle) json["radius"] = operation.radius;
   if (operation.kind == DrawingKind::Text) {
     json["text"] = To_Utf8(operation.text);

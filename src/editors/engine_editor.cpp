@@ -9,6 +9,7 @@
 #include "base/text.hpp"
 #include "editors/ask.hpp"
 #include "editors/shown_text.hpp"
+#include "platform/form_caption.hpp"
 #include "recognition/engine_table.hpp"
 #include "recognition/like_match.hpp"
 #include "session/failure_trap.hpp"
@@ -30,27 +31,13 @@ void Refuse_Name(VocabularyAndEngineEditor& editor, std::string_view title) {
 // Two points refuse a name, also when they lie in its folder.
 bool Has_Two_Points(std::string_view name) { return Like_Match(name, "*.*.*"); }
 
-// In the caption of a menu entry an ampersand is two, as one alone marks the letter behind it.
-std::string As_Caption(std::string_view text) {
-  std::string caption;
-  for (const char letter : text) caption.append(letter == '&' ? 2 : 1, letter);
-  return caption;
-}
-
 void Show_Entry(VocabularyAndEngineEditor& editor, const EngineGroup& group, int entry,
                 std::string_view text) {
   editor.DatabaseVE().Set_Menu_Caption(Menu_Of(group, entry), As_Caption(Shown(text)));
 }
 
-// The text that the entry shows: a pair of ampersands is one.
 std::string Text_Of_Entry(VocabularyAndEngineEditor& editor, const EngineGroup& group, int entry) {
-  const std::string& caption = editor.DatabaseVE().Menu(Menu_Of(group, entry)).caption;
-  std::string text;
-  for (std::size_t i = 0; i < caption.size(); ++i) {
-    if (caption.compare(i, 2, "&&") == 0) ++i;
-    text += caption[i];
-  }
-  return text;
+  return Text_Of_Caption(editor.DatabaseVE().Menu(Menu_Of(group, entry)).caption);
 }
 
 void Show_Engine_Record(VocabularyAndEngineEditor& editor) {

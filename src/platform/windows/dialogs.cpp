@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "platform/form_caption.hpp"
 #include "platform/windows/form_text.hpp"
 #include "platform/windows/text.hpp"
 #include "platform/windows/waiting_windows.hpp"

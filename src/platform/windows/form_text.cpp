@@ -90,12 +90,6 @@ std::wstring Without_Mnemonic(std::string_view caption) {
   return Wide(shown);
 }
 
-std::string As_Caption(std::string_view text) {
-  std::string caption;
-  for (const char letter : text) caption.append(letter == '&' ? 2 : 1, letter);
-  return caption;
-}
-
 std::size_t Place_Of_Mnemonic(std::string_view caption) {
   std::size_t place = 0;
   for (std::size_t at = 0; at + 1 < caption.size(); ++at, ++place) {

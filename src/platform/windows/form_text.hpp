@@ -42,8 +42,6 @@ class TextMeasure {
 
 // A caption as it shows: one & is a mark, two are one.
 std::wstring Without_Mnemonic(std::string_view caption);
-// And the caption that shows as that text.
-std::string As_Caption(std::string_view text);
 constexpr std::size_t No_Letter = static_cast<std::size_t>(-1);
 // Where in that the marked letter stands.
 std::size_t Place_Of_Mnemonic(std::string_view caption);
