@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <limits>
 #include <optional>
-#include <ranges>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,9 +33,9 @@ struct Target {
 
 Form& Form_On_Show(HostControl& host, const std::string& name) {
   const std::vector<Form*> on_show = host.Live().views.On_Show();
-  for (Form* const form : on_show | std::views::reverse) {
-    if (form->Name() == name) return *form;
-  }
+  const auto found = std::find_if(on_show.rbegin(), on_show.rend(),
+                                  [&](const Form* form) { return form->Name() == name; });
+  if (found != on_show.rend()) return **found;
   throw RefusedRequest("no window " + Quoted(name) + " is on show");
 }
 

@@ -145,7 +145,10 @@ void Form::Set_Menu_Visible(std::string_view menu, bool visible) {
 }
 
 void Form::Set_Drawing(std::string_view control, FormDrawing drawing) {
-  Change(control, &FormControl::drawing, drawing, FormChange::Drawing);
+  FormControl& surface = At(control);
+  if (surface.drawing == drawing) return;
+  surface.drawing = std::move(drawing);
+  if (view_) view_->Control_Changed(surface, FormChange::Drawing);
 }
 
 void Form::Set_Scale(std::string_view control, const DrawingScale& scale) {

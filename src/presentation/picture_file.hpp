@@ -8,7 +8,7 @@
 
 namespace quillspeech {
 
-inline constexpr std::size_t Longest_Picture_Bytes = 16 * 1024 * 1024;
+inline constexpr std::size_t Longest_Picture_Bytes = std::size_t{16} * 1024 * 1024;
 
 // Whether the bytes begin as a picture does that a window can show: a bitmap, GIF, JPEG, PNG, icon,
 // cursor, enhanced metafile, or a metafile that tells its size.
