@@ -26,6 +26,10 @@ const char* Kind_Name(DrawingKind kind) {
   return "";
 }
 
+Json Font_Json(const FormFont& font) {
+  return {{"name", To_Utf8(font.name)}, {"points", font.points}, {"bold", font.bold}};
+}
+
 Json Operation_Json(const DrawingOperation& operation) {
   Json points = Json::array();
   for (const DrawingPoint& point : operation.points) points.push_back({point.x, point.y});
@@ -35,9 +39,12 @@ Json Operation_Json(const DrawingOperation& operation) {
   if (operation.kind == DrawingKind::Circle) json["radius"] = operation.radius;
   if (operation.kind == DrawingKind::Text) {
     json["text"] = To_Utf8(operation.text);
-  } else if (operation.kind != DrawingKind::Lines) {
-    json["filled"] = operation.is_filled;
+    json["font"] = Font_Json(operation.font);
+    return json;
   }
+  const bool is_line = operation.kind == DrawingKind::Lines;
+  if (!is_line) json["filled"] = operation.is_filled;
+  if (is_line || !operation.is_filled) json["line_points"] = operation.line_points;
   return json;
 }
 

@@ -39,8 +39,8 @@ void RecognitionRun::Hook_Up() {
     if (graph_) return;  // long words of a file are drawn later, one over the other
     graph_ = Audio_Graph_Drawing(session);
   };
-  operations.Print_On_Graph = [this](Session&, std::string_view text) {
-    if (graph_) Print_On_Graph(*graph_, text);
+  operations.Print_On_Graph = [this](Session& session, std::string_view text) {
+    if (graph_) Print_On_Graph(session, *graph_, text);
   };
 }
 

@@ -43,6 +43,7 @@ Control::~Control() {
 void Control::UserControl_Initialize() {
   Load_Default_Engine_Table(session);
   session.flags.Session_Started = 0;
+  session.flags.Control_Has_Ended = false;
 }
 
 void Control::UserControl_Show() {

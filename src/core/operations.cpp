@@ -32,6 +32,7 @@ void Lift_Stop(Session& session) {
   session.settings.Stop_everything_now = "NO";
   session.flags.Stopped_Marker = 0;
   session.flags.Stopped_Text = "NO";
+  session.flags.Control_Has_Ended = false;
 }
 
 // The other two timers do nothing.

@@ -73,6 +73,7 @@ void End_Session(Session& session) {
   session.flags.Session_Started = 0;
   Reset_Results(session);
   session.flags.Operation_Status = "Sleeping";
+  session.flags.Control_Has_Ended = true;
   Halt_Capture(session);
   session.data.Main_File_Number.Close();
   const Operations& operations = session.operations;

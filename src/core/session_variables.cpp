@@ -128,6 +128,7 @@ constexpr auto Rows = std::to_array<SessionVariable>({
     Variable<&WordTables::Decimated_Samples>("Decimated_Samples"),
     Variable<&WordTables::Reversed_Decimated_Samples>("Reversed_Decimated_Samples"),
     Variable<&WordTables::Decimated_Count>("Decimated_Count"),
+    Variable<&WordTables::Graph_Point_Count>("Graph_Point_Count"),
     Variable<&WordTables::Word_Start>("Word_Start"),
     Variable<&WordTables::Word_End>("Word_End"),
     Variable<&WordTables::Word_Length>("Word_Length"),

@@ -48,18 +48,20 @@ std::string Audio_Graph_Caption() {
          "Corvane Studio Works";
 }
 
-FormDrawing Audio_Graph_Drawing(const Session& session) {
-  FormDrawing graph{Scale_For(session.words.Decimated_Count), {}};
+FormDrawing Audio_Graph_Drawing(Session& session) {
+  session.words.Graph_Point_Count = session.words.Decimated_Count;
+  FormDrawing graph{Scale_For(session.words.Graph_Point_Count), {}};
   Add_Word_Boxes(graph, session.words);
   Add_Sample_Line(graph, session.words);
   return graph;
 }
 
-void Print_On_Graph(FormDrawing& graph, std::string_view text) {
+void Print_On_Graph(const Session& session, FormDrawing& graph, std::string_view text) {
   auto& drawn = graph.operations;
   if (!drawn.empty() && drawn.back().kind == DrawingKind::Text) drawn.pop_back();
   const FormFont font{.name = "Small Fonts", .points = 7};
-  drawn.push_back(Drawn_Text({graph.scale.right / 2, Graph_Top}, std::string(text), Black, font));
+  const double middle = static_cast<double>(session.words.Graph_Point_Count) / 2;
+  drawn.push_back(Drawn_Text({middle, Graph_Top}, std::string(text), Black, font));
 }
 
 }  // namespace quillspeech

@@ -20,11 +20,12 @@ std::string Audio_Graph_Caption();
 
 // The sample of the session: a filled box for each word, odd ones red and even ones yellow, and
 // above them a black line from the top left corner through every grid point. It is to be asked for
-// after the word bounds are known and before the analysis, which forgets the grid points. Failure 9
-// when a table is shorter than its count.
-FormDrawing Audio_Graph_Drawing(const Session& session);
+// after the word bounds are known and before the analysis, which forgets the grid points; their
+// number stays in Graph_Point_Count. Failure 9 when a table is shorter than its count.
+FormDrawing Audio_Graph_Drawing(Session& session);
 
-// Puts a text at the middle of the top, in place of the one that was printed there before.
-void Print_On_Graph(FormDrawing& graph, std::string_view text);
+// Puts a text at the middle of the top, in place of the one that was printed there before: one over
+// the other they could not be read.
+void Print_On_Graph(const Session& session, FormDrawing& graph, std::string_view text);
 
 }  // namespace quillspeech

@@ -23,6 +23,7 @@ GraphWindow::GraphWindow(Session& session) : session_(session), graph_("Graph", 
 // A window on show stays where a person has put it: to come to the front with every sample would
 // take the keyboard away from the program that is being tried.
 void GraphWindow::Draw_Audio_Graph() {
+  if (session_.flags.Control_Has_Ended) return;
   FormViews& views = session_.ports.views;
   if (!views.Is_Shown(graph_)) views.Show(graph_, Modality::None);
   graph_.Set_Ground({});
@@ -30,8 +31,8 @@ void GraphWindow::Draw_Audio_Graph() {
 }
 
 void GraphWindow::Print(std::string_view text) {
-  if (!graph_.Is_Loaded()) return;
-  graph_.Change_Ground([&](FormDrawing& ground) { Print_On_Graph(ground, text); });
+  graph_.Load();
+  graph_.Change_Ground([&](FormDrawing& ground) { Print_On_Graph(session_, ground, text); });
 }
 
 void Connect_Graph_Window(Session& session) {

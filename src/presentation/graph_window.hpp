@@ -18,7 +18,7 @@ class GraphWindow {
   // Shows the window and draws the sample of the session on it; see Audio_Graph_Drawing. After a
   // failure the window is empty.
   void Draw_Audio_Graph();
-  // Prints a text on the graph; nothing while there is no window.
+  // Prints a text on the graph. A window that is not there is made for it, but not shown.
   void Print(std::string_view text);
 
  private:

@@ -44,6 +44,7 @@ void StatusBar::Show_Status_Image(int mode) {
   if (session_.settings.I_want_Status_Animation != "YES" || !Is_Design_Environment(session_)) {
     return;
   }
+  if (session_.flags.Control_Has_Ended) return;
   FormViews& views = session_.ports.views;
   Run_Silently_Trapped(session_, [&] {
     if (!views.Is_Shown(window_)) views.Show(window_, Modality::None);

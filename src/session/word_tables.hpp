@@ -32,7 +32,8 @@ struct WordTables {
   DynamicTable<std::int16_t> Centred_Samples;  // byte minus 128; the slices share it
   DynamicTable<std::int16_t> Decimated_Samples;
   DynamicTable<std::int16_t> Reversed_Decimated_Samples;
-  Checked32 Decimated_Count;  // one more than the grid samples taken
+  Checked32 Decimated_Count;    // one more than the grid samples taken
+  Checked32 Graph_Point_Count;  // grid points on the audio graph of the last sample
   WordScanTables scan;
 
   DynamicTable<std::int32_t> Word_Start;

@@ -84,6 +84,26 @@ TEST_F(HostStatusWindows, The_line_of_the_graph_has_a_point_for_each_step_of_the
   EXPECT_EQ((*line)["colour"], "#000000");
 }
 
+// Loud enough to be a word of the scan, and with hardly a byte that is loud for a slice.
+TEST_F(HostStatusWindows, A_slice_of_noise_is_told_on_the_graph) {
+  const Sound hum = Tone(500_Hz, Amplitude(25), Bytes(6000));
+  const std::string wave = Put_Sound("hum.wav", Silence(Bytes(3000)) + hum + Silence(Bytes(9000)));
+  Analyse(Environment, {Read_Graph, R"({"id":2,"do":"peek","name":"Graph_Point_Count"})"},
+          {Let("Open_this_Wave_File", wave),
+           R"({"do":"let","member":"Sample_processing_resolution","value":2000})"});
+  const Json text = Value(1)["drawing"]["operations"].back();
+  EXPECT_EQ(text["draw"], "text");
+  EXPECT_EQ(text["text"], "Noise Found on 1 0 0");
+  EXPECT_EQ(text["points"][0][0].get<double>(), Value(2).get<double>() / 2);
+  EXPECT_EQ(text["points"][0][1], 128.0);
+  EXPECT_EQ(text["font"]["name"], "Small Fonts");
+}
+
+TEST_F(HostStatusWindows, The_graph_keeps_the_number_of_its_points_behind_the_run) {
+  Analyse(Environment, {Read_Graph, R"({"id":2,"do":"peek","name":"Graph_Point_Count"})"});
+  EXPECT_EQ(Value(1)["drawing"]["scale"][2].get<double>(), Value(2).get<double>());
+}
+
 TEST_F(HostStatusWindows, No_graph_is_drawn_in_a_compiled_host) {
   Analyse("C:\\programs\\hears.exe", {Read_Graph});
   EXPECT_FALSE(Was_Shown("Graph"));

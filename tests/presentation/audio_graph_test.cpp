@@ -63,7 +63,7 @@ TEST_F(AudioGraph, A_sample_without_a_grid_point_is_an_empty_drawing_on_a_scale_
 
 TEST_F(AudioGraph, A_text_begins_in_the_middle_of_the_top_in_small_letters) {
   FormDrawing graph = Drawn({1, 2, 3}, {});
-  Print_On_Graph(graph, "Noise Found on 1 0 0");
+  Print_On_Graph(session, graph, "Noise Found on 1 0 0");
   ASSERT_EQ(graph.operations.size(), 2U);
   const DrawingOperation& text = graph.operations[1];
   EXPECT_EQ(text.kind, DrawingKind::Text);
@@ -72,10 +72,24 @@ TEST_F(AudioGraph, A_text_begins_in_the_middle_of_the_top_in_small_letters) {
   EXPECT_EQ(text.font.name, "Small Fonts");
 }
 
+TEST_F(AudioGraph, The_number_of_its_points_stays_when_the_grid_is_forgotten) {
+  FormDrawing graph = Drawn({1, 2, 3, 4}, {});
+  session.words.Decimated_Count = 0;
+  Print_On_Graph(session, graph, "Noise Found on 1 0 0");
+  EXPECT_EQ(session.words.Graph_Point_Count, 4);
+  EXPECT_EQ(graph.operations.back().points, (std::vector<DrawingPoint>{{2, 128}}));
+}
+
+TEST_F(AudioGraph, A_text_on_a_graph_without_a_point_begins_at_its_left_edge) {
+  FormDrawing graph = Drawn({}, {});
+  Print_On_Graph(session, graph, "Noise Found on 1 0 0");
+  EXPECT_EQ(graph.operations.back().points, (std::vector<DrawingPoint>{{0, 128}}));
+}
+
 TEST_F(AudioGraph, A_text_takes_the_place_of_the_one_before) {
   FormDrawing graph = Drawn({1, 2, 3}, {});
-  Print_On_Graph(graph, "Noise Found on 1 0 0");
-  Print_On_Graph(graph, "Noise Found on 2 0 0");
+  Print_On_Graph(session, graph, "Noise Found on 1 0 0");
+  Print_On_Graph(session, graph, "Noise Found on 2 0 0");
   ASSERT_EQ(graph.operations.size(), 2U);
   EXPECT_EQ(graph.operations[1].text, "Noise Found on 2 0 0");
 }

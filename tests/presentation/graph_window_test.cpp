@@ -63,9 +63,17 @@ TEST_F(Graph, Comes_back_with_the_next_run_after_a_person_has_closed_it) {
   EXPECT_EQ(Operations_Drawn(), 3U);
 }
 
-TEST_F(Graph, Takes_no_text_while_it_is_not_there) {
+TEST_F(Graph, Does_not_come_on_show_by_a_text_and_loses_it_with_the_next_run) {
   operations.Print_On_Graph(session, "Noise Found on 1 0 0");
-  EXPECT_EQ(On_Show("Graph"), nullptr);
+  EXPECT_TRUE(views.shown.empty());
+  operations.Draw_Audio_Graph(session);
+  EXPECT_EQ(views.shown.size(), 1U);
+  EXPECT_EQ(On_Show("Graph")->Ground(), Audio_Graph_Drawing(session));
+}
+
+TEST_F(Graph, Stays_away_once_the_control_has_ended) {
+  session.flags.Control_Has_Ended = true;
+  operations.Draw_Audio_Graph(session);
   EXPECT_TRUE(views.shown.empty());
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/run_time_failure.hpp"
 #include "presentation/status_pictures.hpp"
 #include "tests/presentation/picture_builder.hpp"
 #include "tests/presentation/window_fixture.hpp"
@@ -122,6 +123,20 @@ TEST_F(StatusWindow, Goes_on_when_a_file_cannot_be_read_to_its_end) {
   EXPECT_NO_THROW(Show(Listening));
   EXPECT_EQ(Image().drawing, Listening_Picture());
   EXPECT_EQ(riff_files.open_files, 0);
+}
+
+TEST_F(StatusWindow, Takes_its_picture_although_it_could_not_be_shown) {
+  session.settings.Show_this_Image_for_Stop = "wheel.bmp";
+  views.At_Showing = [](const Form&, bool, Modality) { Fail(Failure::Out_Of_Memory); };
+  EXPECT_NO_THROW(Show(Busy));
+  views.At_Showing = nullptr;
+  EXPECT_EQ(Image().picture, Bitmap_Bytes());
+}
+
+TEST_F(StatusWindow, Stays_away_once_the_control_has_ended) {
+  session.flags.Control_Has_Ended = true;
+  Show(Busy);
+  EXPECT_TRUE(views.shown.empty());
 }
 
 TEST_F(StatusWindow, Goes_with_a_click_and_comes_back_with_the_next_state) {
