@@ -37,10 +37,10 @@ void RecognitionRun::Hook_Up() {
   on_files_->host.path = "vb6.exe";
   operations.Draw_Audio_Graph = [this](Session& session) {
     if (graph_) return;  // long words of a file are drawn later, one over the other
-    graph_ = Audio_Graph_Drawing(session);
+    graph_ = Audio_Graph_Drawing(session.words);
   };
   operations.Print_On_Graph = [this](Session& session, std::string_view text) {
-    if (graph_) Print_On_Graph(session, *graph_, text);
+    if (graph_) Print_On_Graph(session.words, *graph_, text);
   };
 }
 

@@ -48,19 +48,19 @@ std::string Audio_Graph_Caption() {
          "Corvane Studio Works";
 }
 
-FormDrawing Audio_Graph_Drawing(Session& session) {
-  session.words.Graph_Point_Count = session.words.Decimated_Count;
-  FormDrawing graph{Scale_For(session.words.Graph_Point_Count), {}};
-  Add_Word_Boxes(graph, session.words);
-  Add_Sample_Line(graph, session.words);
+FormDrawing Audio_Graph_Drawing(WordTables& words) {
+  words.Graph_Point_Count = words.Decimated_Count;
+  FormDrawing graph{Scale_For(words.Graph_Point_Count), {}};
+  Add_Word_Boxes(graph, words);
+  Add_Sample_Line(graph, words);
   return graph;
 }
 
-void Print_On_Graph(const Session& session, FormDrawing& graph, std::string_view text) {
+void Print_On_Graph(const WordTables& words, FormDrawing& graph, std::string_view text) {
   auto& drawn = graph.operations;
   if (!drawn.empty() && drawn.back().kind == DrawingKind::Text) drawn.pop_back();
   const FormFont font{.name = "Small Fonts", .points = 7};
-  const double middle = static_cast<double>(session.words.Graph_Point_Count) / 2;
+  const double middle = static_cast<double>(words.Graph_Point_Count) / 2;
   drawn.push_back(Drawn_Text({middle, Graph_Top}, std::string(text), Black, font));
 }
 

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "platform/form_drawing.hpp"
-#include "session/session.hpp"
+#include "session/word_tables.hpp"
 
 namespace quillspeech {
 
@@ -18,14 +18,14 @@ inline constexpr double Graph_Bottom = -128;
 // The window's caption, in Windows-1252.
 std::string Audio_Graph_Caption();
 
-// The sample of the session: a filled box for each word, odd ones red and even ones yellow, and
+// The sample: a filled box for each word, odd ones red and even ones yellow, and
 // above them a black line from the top left corner through every grid point. It is to be asked for
 // after the word bounds are known and before the analysis, which forgets the grid points; their
 // number stays in Graph_Point_Count. Failure 9 when a table is shorter than its count.
-FormDrawing Audio_Graph_Drawing(Session& session);
+FormDrawing Audio_Graph_Drawing(WordTables& words);
 
 // Puts a text at the middle of the top, in place of the one that was printed there before: one over
 // the other they could not be read.
-void Print_On_Graph(const Session& session, FormDrawing& graph, std::string_view text);
+void Print_On_Graph(const WordTables& words, FormDrawing& graph, std::string_view text);
 
 }  // namespace quillspeech

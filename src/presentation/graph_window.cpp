@@ -27,12 +27,12 @@ void GraphWindow::Draw_Audio_Graph() {
   FormViews& views = session_.ports.views;
   if (!views.Is_Shown(graph_)) views.Show(graph_, Modality::None);
   graph_.Set_Ground({});
-  graph_.Set_Ground(Audio_Graph_Drawing(session_));
+  graph_.Set_Ground(Audio_Graph_Drawing(session_.words));
 }
 
 void GraphWindow::Print(std::string_view text) {
   graph_.Load();
-  graph_.Change_Ground([&](FormDrawing& ground) { Print_On_Graph(session_, ground, text); });
+  graph_.Change_Ground([&](FormDrawing& ground) { Print_On_Graph(session_.words, ground, text); });
 }
 
 void Connect_Graph_Window(Session& session) {

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "presentation/audio_graph.hpp"
-#include "tests/support/test_session.hpp"
 
 namespace quillspeech::cli {
 namespace {
@@ -52,10 +51,10 @@ TEST(GraphSvg, The_title_is_the_caption_of_the_window) {
 }
 
 TEST(GraphSvg, A_printed_text_stands_in_the_middle_of_the_top) {
-  tests::TestSession test;
   FormDrawing graph = Two_Words();
-  test.session.words.Graph_Point_Count = static_cast<std::int64_t>(graph.scale.right);
-  Print_On_Graph(test.session, graph, "Noise Found on 1 0 0");
+  WordTables words;
+  words.Graph_Point_Count = static_cast<std::int64_t>(graph.scale.right);
+  Print_On_Graph(words, graph, "Noise Found on 1 0 0");
   EXPECT_TRUE(Has(Graph_Svg(graph, "a.wav"), R"(<text x="600" y="64.4")"));
   EXPECT_TRUE(Has(Graph_Svg(graph, "a.wav"), ">Noise Found on 1 0 0</text>"));
 }

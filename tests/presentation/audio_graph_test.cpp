@@ -15,7 +15,7 @@ struct AudioGraph : WindowTest {
                     const std::vector<std::pair<int, int>>& words) {
     Put_Grid(session, grid);
     Put_Words(session, words);
-    return Audio_Graph_Drawing(session);
+    return Audio_Graph_Drawing(session.words);
   }
 };
 
@@ -63,7 +63,7 @@ TEST_F(AudioGraph, A_sample_without_a_grid_point_is_an_empty_drawing_on_a_scale_
 
 TEST_F(AudioGraph, A_text_begins_in_the_middle_of_the_top_in_small_letters) {
   FormDrawing graph = Drawn({1, 2, 3}, {});
-  Print_On_Graph(session, graph, "Noise Found on 1 0 0");
+  Print_On_Graph(session.words, graph, "Noise Found on 1 0 0");
   ASSERT_EQ(graph.operations.size(), 2U);
   const DrawingOperation& text = graph.operations[1];
   EXPECT_EQ(text.kind, DrawingKind::Text);
@@ -75,21 +75,21 @@ TEST_F(AudioGraph, A_text_begins_in_the_middle_of_the_top_in_small_letters) {
 TEST_F(AudioGraph, The_number_of_its_points_stays_when_the_grid_is_forgotten) {
   FormDrawing graph = Drawn({1, 2, 3, 4}, {});
   session.words.Decimated_Count = 0;
-  Print_On_Graph(session, graph, "Noise Found on 1 0 0");
+  Print_On_Graph(session.words, graph, "Noise Found on 1 0 0");
   EXPECT_EQ(session.words.Graph_Point_Count, 4);
   EXPECT_EQ(graph.operations.back().points, (std::vector<DrawingPoint>{{2, 128}}));
 }
 
 TEST_F(AudioGraph, A_text_on_a_graph_without_a_point_begins_at_its_left_edge) {
   FormDrawing graph = Drawn({}, {});
-  Print_On_Graph(session, graph, "Noise Found on 1 0 0");
+  Print_On_Graph(session.words, graph, "Noise Found on 1 0 0");
   EXPECT_EQ(graph.operations.back().points, (std::vector<DrawingPoint>{{0, 128}}));
 }
 
 TEST_F(AudioGraph, A_text_takes_the_place_of_the_one_before) {
   FormDrawing graph = Drawn({1, 2, 3}, {});
-  Print_On_Graph(session, graph, "Noise Found on 1 0 0");
-  Print_On_Graph(session, graph, "Noise Found on 2 0 0");
+  Print_On_Graph(session.words, graph, "Noise Found on 1 0 0");
+  Print_On_Graph(session.words, graph, "Noise Found on 2 0 0");
   ASSERT_EQ(graph.operations.size(), 2U);
   EXPECT_EQ(graph.operations[1].text, "Noise Found on 2 0 0");
 }
@@ -97,13 +97,13 @@ TEST_F(AudioGraph, A_text_takes_the_place_of_the_one_before) {
 TEST_F(AudioGraph, More_words_than_the_tables_hold_are_a_failure) {
   Put_Grid(session, {1, 2});
   session.words.Probable_no_of_words_recognized = 2;
-  EXPECT_EQ(Failure_Of([this] { Audio_Graph_Drawing(session); }), 9);
+  EXPECT_EQ(Failure_Of([this] { Audio_Graph_Drawing(session.words); }), 9);
 }
 
 TEST_F(AudioGraph, More_grid_points_than_the_table_holds_are_a_failure) {
   Put_Grid(session, {1, 2});
   session.words.Decimated_Count = 100;
-  EXPECT_EQ(Failure_Of([this] { Audio_Graph_Drawing(session); }), 9);
+  EXPECT_EQ(Failure_Of([this] { Audio_Graph_Drawing(session.words); }), 9);
 }
 
 }  // namespace

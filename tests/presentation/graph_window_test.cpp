@@ -26,7 +26,7 @@ TEST_F(Graph, Is_shown_without_a_wait_under_its_caption) {
 
 TEST_F(Graph, Has_the_drawing_of_the_sample_on_its_ground) {
   operations.Draw_Audio_Graph(session);
-  EXPECT_EQ(On_Show("Graph")->Ground(), Audio_Graph_Drawing(session));
+  EXPECT_EQ(On_Show("Graph")->Ground(), Audio_Graph_Drawing(session.words));
   EXPECT_EQ(Operations_Drawn(), 3U);
 }
 
@@ -43,7 +43,7 @@ TEST_F(Graph, Is_drawn_anew_by_each_run_with_what_was_printed_gone) {
   EXPECT_EQ(Operations_Drawn(), 4U);
   Put_Grid(session, {1, 2});
   operations.Draw_Audio_Graph(session);
-  EXPECT_EQ(On_Show("Graph")->Ground(), Audio_Graph_Drawing(session));
+  EXPECT_EQ(On_Show("Graph")->Ground(), Audio_Graph_Drawing(session.words));
 }
 
 TEST_F(Graph, Stays_where_it_lies_when_it_is_drawn_again) {
@@ -68,7 +68,7 @@ TEST_F(Graph, Does_not_come_on_show_by_a_text_and_loses_it_with_the_next_run) {
   EXPECT_TRUE(views.shown.empty());
   operations.Draw_Audio_Graph(session);
   EXPECT_EQ(views.shown.size(), 1U);
-  EXPECT_EQ(On_Show("Graph")->Ground(), Audio_Graph_Drawing(session));
+  EXPECT_EQ(On_Show("Graph")->Ground(), Audio_Graph_Drawing(session.words));
 }
 
 TEST_F(Graph, Stays_away_once_the_control_has_ended) {

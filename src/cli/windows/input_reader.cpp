@@ -27,22 +27,26 @@ namespace {
 
 // As UTF-8, whatever the console's code page is: some consoles end a read of bytes at the first
 // character beyond ASCII when that page is UTF-8. Nothing at a line that begins with Ctrl-Z.
-std::optional<std::string> Read_Console(HANDLE console) {
+std::optional<std::string> Read_Console(HANDLE console, Utf16Pieces& pieces) {
   constexpr wchar_t Console_End = L'\x1a';
   std::wstring text(4'096, L'\0');
-  DWORD count = 0;
-  if (!::ReadConsoleW(console, text.data(), static_cast<DWORD>(text.size()), &count, nullptr)) {
-    return std::nullopt;
+  std::string block;
+  while (block.empty()) {
+    DWORD count = 0;
+    if (!::ReadConsoleW(console, text.data(), static_cast<DWORD>(text.size()), &count, nullptr)) {
+      return std::nullopt;
+    }
+    if (count == 0 || text.front() == Console_End) return std::nullopt;
+    block = pieces.Take({text.data(), count});
   }
-  if (count == 0 || text.front() == Console_End) return std::nullopt;
-  return windows::Utf8_From_Wide({text.data(), count});
+  return block;
 }
 
 // Nothing at the end. A pipe ends when nobody can write to it any more, and not by a write of
 // nothing.
-std::optional<std::string> Read_Block(HANDLE input) {
+std::optional<std::string> Read_Block(HANDLE input, Utf16Pieces& pieces) {
   DWORD mode = 0;
-  if (::GetConsoleMode(input, &mode)) return Read_Console(input);
+  if (::GetConsoleMode(input, &mode)) return Read_Console(input, pieces);
   std::string bytes(65'536, '\0');
   DWORD count = 0;
   do {
@@ -57,6 +61,16 @@ std::optional<std::string> Read_Block(HANDLE input) {
 
 }  // namespace
 
+std::string Utf16Pieces::Take(std::wstring_view piece) {
+  std::wstring text = std::exchange(half_, {});
+  text += piece;
+  if (!text.empty() && IS_HIGH_SURROGATE(text.back())) {
+    half_ = text.back();
+    text.pop_back();
+  }
+  return windows::Utf8_From_Wide(text);
+}
+
 InputReader::InputReader(int descriptor) : shared_(std::make_shared<Shared>()) {
   shared_->input = reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor));
   std::thread([shared = shared_] { Run(shared); }).detach();
@@ -70,8 +84,9 @@ InputReader::~InputReader() {
 }
 
 void InputReader::Run(const std::shared_ptr<Shared>& shared) {
+  Utf16Pieces pieces;
   for (;;) {
-    auto block = Read_Block(shared->input);
+    auto block = Read_Block(shared->input, pieces);
     std::unique_lock lock(shared->mutex);
     if (shared->is_left) return;
     shared->has_ended = !block;

@@ -6,8 +6,19 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace quillspeech::cli {
+
+// Makes UTF-8 of UTF-16 that comes in pieces, which may end within a surrogate pair.
+class Utf16Pieces {
+ public:
+  // The first half of a pair at the end waits for the next piece.
+  std::string Take(std::wstring_view piece);
+
+ private:
+  std::wstring half_;  // empty: none waits
+};
 
 class InputReader {
  public:
