@@ -1,6 +1,7 @@
 // The port for the random-access data files.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -8,8 +9,13 @@
 
 namespace quillspeech {
 
+// How long a store on a disk waits for a file that another user has locked. Whoever holds files
+// from one call to the next comes after all others who do, and has more time.
+inline constexpr std::chrono::milliseconds Patience_Of_A_Call{2'000};
+inline constexpr std::chrono::milliseconds Patience_Of_A_Holder{60'000};
+
 // One open file. Failures: 7 out of memory, 57 the device failed or refused the lock, 61 the disk
-// is full or the file too large, 70 permission.
+// is full or the file too large, 70 permission, or another user keeps the file locked.
 class DataFile {
  public:
   virtual ~DataFile() = default;
@@ -33,7 +39,7 @@ class DataFileStore {
 
   // Opens for reading and writing; a name that does not exist is created empty. Destroying the file
   // closes it. Failures: 7 out of memory, 52 bad name, 57 device, 61 no room to create it, 70
-  // permission, 75 path access, 76 path not found.
+  // permission or locked, 75 path access, 76 path not found.
   virtual std::unique_ptr<DataFile> Open(const std::string& name) = 0;
 };
 

@@ -8,8 +8,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <cstddef>
 #include <fstream>
 #include <functional>
@@ -94,6 +96,80 @@ TEST_F(DataFileOnDisk, Readers_do_not_wait_for_each_other) {
     OtherUser reader(path, LOCK_SH);
     EXPECT_FALSE(Waits_For(reader, call));
   }
+}
+
+// A store that asks for a lock once, or for that long.
+linux::DataFileStore Impatient(std::chrono::milliseconds patience = {}) {
+  return linux::DataFileStore(linux::DataFileStore::Locking::Each_Call, patience);
+}
+
+TEST_F(DataFileOnDisk, A_lock_that_another_keeps_is_failure_70) {
+  const std::string path = Put("a.say", FileBytes(100, 1));
+  const auto file = Impatient().Open(path);
+  FileBytes bytes(100, 2);
+  const auto read = [&] { file->Read(0, bytes); };
+  const auto measure = [&] { file->Length(); };
+  const auto write = [&] { file->Write(0, FileBytes(100, 2)); };
+  {
+    const OtherUser writer(path, LOCK_EX);
+    EXPECT_EQ(Failure_Of(read), 70);
+    EXPECT_EQ(Failure_Of(measure), 70);
+    EXPECT_EQ(Failure_Of(write), 70);
+  }
+  {
+    const OtherUser reader(path, LOCK_SH);
+    EXPECT_EQ(Failure_Of(read), 0);
+    EXPECT_EQ(Failure_Of(measure), 0);
+    EXPECT_EQ(Failure_Of(write), 70);
+  }
+  EXPECT_EQ(Content("a.say"), FileBytes(100, 1));
+  EXPECT_EQ(Failure_Of(write), 0);
+  EXPECT_EQ(Content("a.say"), FileBytes(100, 2));
+}
+
+TEST_F(DataFileOnDisk, A_file_that_another_keeps_locked_cannot_be_held) {
+  const std::string path = Put("a.say", FileBytes(100, 1));
+  linux::DataFileStore holding(linux::DataFileStore::Locking::Held, std::chrono::milliseconds{});
+  {
+    const OtherUser reader(path, LOCK_SH);
+    EXPECT_EQ(Failure_Of([&] { holding.Open(path); }), 70);
+  }
+  EXPECT_EQ(Failure_Of([&] { holding.Open(path); }), 0);
+}
+
+TEST_F(DataFileOnDisk, A_lock_is_waited_for_as_long_as_the_patience_lasts_and_no_longer) {
+  constexpr std::chrono::milliseconds Patience{20};
+  const std::string path = Put("a.say", FileBytes(100, 1));
+  const auto file = Impatient(Patience).Open(path);
+  const OtherUser writer(path, LOCK_EX);
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(Failure_Of([&] { file->Length(); }), 70);
+  EXPECT_GE(std::chrono::steady_clock::now() - start, Patience);
+}
+
+TEST_F(DataFileOnDisk, A_lock_of_another_process_counts_until_that_process_ends) {
+  const std::string path = Put("a.say", FileBytes(100, 1));
+  const auto file = Impatient().Open(path);
+  std::array<int, 2> locked{}, leave{};
+  ASSERT_EQ(::pipe2(locked.data(), O_CLOEXEC), 0);
+  ASSERT_EQ(::pipe2(leave.data(), O_CLOEXEC), 0);
+  const pid_t child = ::fork();
+  if (child == 0) {
+    ::close(leave[1]);
+    const int descriptor = ::open(path.c_str(), O_RDONLY);
+    char byte = ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+    if (::write(locked[1], &byte, 1) != 1) ::_exit(1);
+    ::_exit(::read(leave[0], &byte, 1) == 0 ? 0 : 1);
+  }
+  char is_locked = 0;
+  EXPECT_EQ(::read(locked[0], &is_locked, 1), 1);
+  EXPECT_TRUE(is_locked);
+  EXPECT_EQ(Failure_Of([&] { file->Length(); }), 70);
+  for (const int end : {locked[0], locked[1], leave[0], leave[1]}) ::close(end);
+  int status = 1;
+  EXPECT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(Failure_Of([&] { file->Length(); }), 0);
 }
 
 TEST_F(DataFileOnDisk, Nobody_waits_when_a_call_has_ended_or_failed) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -159,6 +160,55 @@ TEST_F(DataFileOnWindows, Whoever_comes_while_another_holds_the_file_waits_for_t
   const std::vector<std::function<void()>> calls = {
       [&] { file->Read(0, bytes); }, [&] { file->Length(); }, [&] { file->Write(0, bytes); }};
   for (const auto& call : calls) EXPECT_TRUE(Waits_For_Holder(path, call));
+}
+
+DataFileStore Impatient(DataFileStore::Locking locking, std::chrono::milliseconds patience = {}) {
+  return DataFileStore(NameEncoding::Windows1252, locking, patience);
+}
+
+// Also one that has locked all that the file could ever hold.
+TEST_F(DataFileOnWindows, A_lock_that_another_keeps_is_failure_70) {
+  const std::string path = Put("a.say", FileBytes(100, 1));
+  const auto file = Impatient(DataFileStore::Locking::Each_Call).Open(path);
+  FileBytes bytes(100, 2);
+  const std::vector<std::function<void()>> calls = {
+      [&] { file->Read(0, bytes); }, [&] { file->Length(); }, [&] { file->Write(0, bytes); }};
+  {
+    auto holding = OfWindows::Make_Holding();
+    const auto held = holding.Open(path);
+    for (const auto& call : calls) EXPECT_EQ(Failure_Of(call), 70);
+  }
+  {
+    const Handle other = Opened_By_Another("a.say", Everything);
+    OVERLAPPED start{};
+    ASSERT_TRUE(::LockFileEx(other.Get(), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0,
+                             MAXDWORD, MAXDWORD, &start));
+    for (const auto& call : calls) EXPECT_EQ(Failure_Of(call), 70);
+  }
+  for (const auto& call : calls) EXPECT_EQ(Failure_Of(call), 0);
+  EXPECT_EQ(Content("a.say"), FileBytes(100, 1));  // as it was read
+}
+
+TEST_F(DataFileOnWindows, A_file_that_another_holds_cannot_be_held) {
+  const std::string path = Put("a.say", FileBytes(100, 1));
+  auto impatient = Impatient(DataFileStore::Locking::Held);
+  {
+    auto holding = OfWindows::Make_Holding();
+    const auto held = holding.Open(path);
+    EXPECT_EQ(Failure_Of([&] { impatient.Open(path); }), 70);
+  }
+  EXPECT_EQ(Failure_Of([&] { impatient.Open(path); }), 0);
+}
+
+TEST_F(DataFileOnWindows, A_lock_is_waited_for_as_long_as_the_patience_lasts_and_no_longer) {
+  constexpr std::chrono::milliseconds Patience{20};
+  const std::string path = Put("a.say", FileBytes(100, 1));
+  const auto file = Impatient(DataFileStore::Locking::Each_Call, Patience).Open(path);
+  auto holding = OfWindows::Make_Holding();
+  const auto held = holding.Open(path);
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(Failure_Of([&] { file->Length(); }), 70);
+  EXPECT_GE(std::chrono::steady_clock::now() - start, Patience);
 }
 
 TEST_F(DataFileOnWindows, Two_writers_never_mix_their_records) {

@@ -6,18 +6,22 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <vector>
 
 #include "base/run_time_failure.hpp"
+#include "platform/bounded_wait.hpp"
 #include "platform/linux/file_errors.hpp"
 #include "platform/linux/system_call.hpp"
 
 namespace quillspeech::linux {
 
 namespace {
+
+using std::chrono::milliseconds;
 
 class Descriptor {
  public:
@@ -43,9 +47,16 @@ class Descriptor {
 // threads apart that opened the file each for itself.
 class Lock {
  public:
-  Lock(const Descriptor& file, int kind) : file_(file) {
-    const int refused = Uninterrupted([&] { return ::flock(file_.Number(), kind); });
-    if (refused && !Is_Without_Locks(errno)) Fail(Failure::Device_Failure);
+  Lock(const Descriptor& file, int kind, milliseconds patience) : file_(file) {
+    constexpr std::chrono::microseconds Pause{100};
+    int error = 0;
+    const bool is_answered = Try_For(patience, Pause, [&] {
+      const int refused = Uninterrupted([&] { return ::flock(file_.Number(), kind | LOCK_NB); });
+      error = refused ? errno : 0;
+      return error != EWOULDBLOCK;
+    });
+    if (!is_answered) Fail(Failure::Permission_Denied);
+    if (error && !Is_Without_Locks(error)) Fail(Failure::Device_Failure);
   }
   ~Lock() { ::flock(file_.Number(), LOCK_UN); }
   Lock(const Lock&) = delete;
@@ -58,9 +69,10 @@ class Lock {
 class File final : public DataFile {
  public:
   // Fails unless this is a file with content of its own: no folder, pipe or device.
-  File(const std::string& name, DataFileStore::Locking locking) : descriptor_(name) {
+  File(const std::string& name, DataFileStore::Locking locking, milliseconds patience)
+      : descriptor_(name), patience_(patience) {
     if (!S_ISREG(Status().st_mode)) Fail(Failure::Path_Access);
-    if (locking == DataFileStore::Locking::Held) held_.emplace(descriptor_, LOCK_EX);
+    if (locking == DataFileStore::Locking::Held) held_.emplace(descriptor_, LOCK_EX, patience_);
   }
 
   std::int64_t Length() const override {
@@ -91,7 +103,7 @@ class File final : public DataFile {
   class CallLock {
    public:
     CallLock(const File& file, int kind) {
-      if (!file.held_) lock_.emplace(file.descriptor_, kind);
+      if (!file.held_) lock_.emplace(file.descriptor_, kind, file.patience_);
     }
 
    private:
@@ -136,6 +148,7 @@ class File final : public DataFile {
   }
 
   Descriptor descriptor_;
+  milliseconds patience_;
   std::optional<Lock> held_;
 };
 
@@ -143,7 +156,7 @@ class File final : public DataFile {
 
 std::unique_ptr<DataFile> DataFileStore::Open(const std::string& name) {
   if (name.empty() || name.find('\0') != std::string::npos) Fail(Failure::Bad_File_Name);
-  return std::make_unique<File>(name, locking_);
+  return std::make_unique<File>(name, locking_, patience_);
 }
 
 }  // namespace quillspeech::linux

@@ -1,11 +1,13 @@
 #include "platform/windows/data_file.hpp"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <span>
 
 #include "base/run_time_failure.hpp"
+#include "platform/bounded_wait.hpp"
 #include "platform/windows/file_errors.hpp"
 #include "platform/windows/handle.hpp"
 #include "platform/windows/stored_bytes.hpp"
@@ -13,6 +15,8 @@
 namespace quillspeech::windows {
 
 namespace {
+
+using std::chrono::milliseconds;
 
 OVERLAPPED At(std::int64_t offset) {
   OVERLAPPED place{};
@@ -85,11 +89,18 @@ class Disk final : public StoredBytes {
 // threads apart that opened the file each for itself.
 class Lock {
  public:
-  Lock(const Handle& file, DWORD kind) : file_(file) {
-    OVERLAPPED place = At(Lock_Offset);
-    if (!::LockFileEx(file_.Get(), kind, 0, 1, 0, &place) && !Is_Without_Locks(::GetLastError())) {
-      Fail(Failure::Device_Failure);
-    }
+  Lock(const Handle& file, DWORD kind, milliseconds patience) : file_(file) {
+    constexpr milliseconds Pause{1};
+    DWORD error = ERROR_SUCCESS;
+    const bool is_answered = Try_For(patience, Pause, [&] {
+      OVERLAPPED place = At(Lock_Offset);
+      const DWORD how = kind | LOCKFILE_FAIL_IMMEDIATELY;
+      const BOOL done = ::LockFileEx(file_.Get(), how, 0, 1, 0, &place);
+      error = done ? ERROR_SUCCESS : ::GetLastError();
+      return error != ERROR_LOCK_VIOLATION;
+    });
+    if (!is_answered) Fail(Failure::Permission_Denied);
+    if (error != ERROR_SUCCESS && !Is_Without_Locks(error)) Fail(Failure::Device_Failure);
   }
   ~Lock() {
     OVERLAPPED place = At(Lock_Offset);
@@ -110,9 +121,10 @@ constexpr DWORD Alone = LOCKFILE_EXCLUSIVE_LOCK;
 class File final : public DataFile {
  public:
   // Fails unless this is a file with content of its own: no folder, pipe or device.
-  File(const std::wstring& name, DataFileStore::Locking locking) : handle_(Opened(name)) {
+  File(const std::wstring& name, DataFileStore::Locking locking, milliseconds patience)
+      : handle_(Opened(name)), patience_(patience) {
     if (::GetFileType(handle_.Get()) != FILE_TYPE_DISK) Fail(Failure::Path_Access);
-    if (locking == DataFileStore::Locking::Held) held_.emplace(handle_, Alone);
+    if (locking == DataFileStore::Locking::Held) held_.emplace(handle_, Alone, patience_);
   }
 
   std::int64_t Length() const override {
@@ -139,7 +151,7 @@ class File final : public DataFile {
   class CallLock {
    public:
     CallLock(const File& file, DWORD kind) {
-      if (!file.held_) lock_.emplace(file.handle_, kind);
+      if (!file.held_) lock_.emplace(file.handle_, kind, file.patience_);
     }
 
    private:
@@ -147,6 +159,7 @@ class File final : public DataFile {
   };
 
   Handle handle_;
+  milliseconds patience_;
   std::optional<Lock> held_;
 };
 
@@ -155,7 +168,7 @@ class File final : public DataFile {
 std::unique_ptr<DataFile> DataFileStore::Open(const std::string& name) {
   const auto wide = Wide_Name(name, encoding_);
   if (!wide) Fail(Failure::Bad_File_Name);
-  return std::make_unique<File>(*wide, locking_);
+  return std::make_unique<File>(*wide, locking_, patience_);
 }
 
 }  // namespace quillspeech::windows

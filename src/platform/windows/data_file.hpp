@@ -1,6 +1,7 @@
 // Data files of the file system.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -12,9 +13,10 @@ namespace quillspeech::windows {
 // Other programs may read and write an open file at any time, and not delete it. Each open file is
 // locked as a whole while it is measured, read or written, so that its users among us, in this
 // process or another, never see a record in part. The lock lies far behind every file's end: it
-// keeps nobody out who does not ask for it. On a file system without locks the files are used
-// without them; a lock that is refused for any other reason is failure 57. A write that fails puts
-// back what the file had, as far as the device lets it, and fails with the error that came first.
+// keeps nobody out who does not ask for it. A lock that another user has is waited for, and is
+// failure 70 when it stays. On a file system without locks the files are used without them; a
+// lock that is refused for any other reason is failure 57. A write that fails puts back what the
+// file had, as far as the device lets it, and fails with the error that came first.
 class DataFileStore final : public quillspeech::DataFileStore {
  public:
   // Held: each file that this store opens stays locked against every other user until it is closed,
@@ -22,12 +24,17 @@ class DataFileStore final : public quillspeech::DataFileStore {
   enum class Locking { Each_Call, Held };
 
   explicit DataFileStore(NameEncoding encoding, Locking locking = Locking::Each_Call)
-      : encoding_(encoding), locking_(locking) {}
+      : DataFileStore(encoding, locking,
+                      locking == Locking::Held ? Patience_Of_A_Holder : Patience_Of_A_Call) {}
+  // With a patience of its own for the locks of others.
+  DataFileStore(NameEncoding encoding, Locking locking, std::chrono::milliseconds patience)
+      : encoding_(encoding), locking_(locking), patience_(patience) {}
   std::unique_ptr<DataFile> Open(const std::string& name) override;
 
  private:
   NameEncoding encoding_;
   Locking locking_;
+  std::chrono::milliseconds patience_;
 };
 
 }  // namespace quillspeech::windows
