@@ -11,15 +11,8 @@ VocabularyAndEngineEditor::VocabularyAndEngineEditor(Session& shared) : session(
 
 VocabularyAndEngineEditor::~VocabularyAndEngineEditor() = default;
 
-Form& VocabularyAndEngineEditor::DatabaseVE() {
-  if (!database_ve_) Fail(Failure::Invalid_Call);
-  return *database_ve_;
-}
-
-Form& VocabularyAndEngineEditor::DataDisplayVE() {
-  if (!data_display_ve_) Fail(Failure::Invalid_Call);
-  return *data_display_ve_;
-}
+Form& VocabularyAndEngineEditor::DatabaseVE() { return Made(database_ve_); }
+Form& VocabularyAndEngineEditor::DataDisplayVE() { return Made(data_display_ve_); }
 
 bool VocabularyAndEngineEditor::Is_Loaded() const {
   return database_ve_ && database_ve_->Is_Loaded();

@@ -5,11 +5,11 @@
 
 #include <memory>
 #include <random>
-#include <span>
 #include <string>
 #include <string_view>
 
 #include "datafiles/records.hpp"
+#include "editors/editor_windows.hpp"
 #include "platform/form.hpp"
 #include "session/session.hpp"
 
@@ -17,14 +17,10 @@ namespace quillspeech {
 
 class VocabularyAndEngineEditor;
 
-// What a click on a control or a menu entry of DatabaseVE does. A failure goes out to whoever
-// clicked, unless the command has a handler of its own. The tables are Vocabulary_Commands and
-// Engine_Commands.
-struct DatabaseVECommand {
-  std::string_view control;
-  void (*run)(VocabularyAndEngineEditor& editor);
-};
-using DatabaseVECommands = std::span<const DatabaseVECommand>;
+// A failure goes out to whoever clicked, unless the command has a handler of its own. The tables
+// are Vocabulary_Commands and Engine_Commands.
+using DatabaseVECommand = ClickCommand<VocabularyAndEngineEditor>;
+using DatabaseVECommands = ClickCommands<VocabularyAndEngineEditor>;
 
 // What the commands share. The windows are made anew at each loading; asking for one before its
 // first is failure 5.

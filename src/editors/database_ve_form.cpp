@@ -15,10 +15,7 @@ constexpr FormSize DataDisplayVE_Size{6600, 855};
 
 constexpr FormColour Night_Blue = 0x400000;  // until a record is on display
 
-constexpr auto Frame = FormControlKind::Frame;
-constexpr auto Label = FormControlKind::Label;
-constexpr auto TextBox = FormControlKind::TextBox;
-constexpr auto Button = FormControlKind::Button;
+using enum FormControlKind;
 
 constexpr std::string_view Move_Tip = "Displays data for next record";
 
@@ -33,7 +30,7 @@ constexpr auto Pieces = std::to_array<ControlPiece>({
     {"Text1", TextBox, "Frame1", "", "Displays the file entry", {1140, 810, 1950, 315}},
     {"Label1", Label, "Frame1", "Engine Category for this record:", "", {3240, 855, 2640, 240}},
     {"Label3", Label, "Frame1", "", "", {5910, 855, 540, 240}},
-    {"Picture1", FormControlKind::Picture, "Frame1", "", "", {150, 1245, 6300, 3780}},
+    {"Picture1", Picture, "Frame1", "", "", {150, 1245, 6300, 3780}},
     {"Label2",
      Label,
      "Frame1",
@@ -61,7 +58,7 @@ constexpr auto Pieces = std::to_array<ControlPiece>({
      "Input the filter pass value",
      {150, 1215, 2640, 345}},
     {"Label5", Label, "Frame2", "Codes and their categories :", "", {150, 1740, 2640, 240}},
-    {"Shape1", FormControlKind::Image, "Frame2", "", "", {150, 2040, 2640, 3300}},
+    {"Shape1", Image, "Frame2", "", "", {150, 2040, 2640, 3300}},
 });
 
 // The engine's own menus stand between these and the help.
@@ -156,7 +153,7 @@ std::unique_ptr<Form> Make_DataDisplayVE_Form() {
   auto form = std::make_unique<Form>("DataDisplayVE",
                                      "Quillspeech Vocabulary Engine  Editor :  Database Display",
                                      DataDisplayVE_Size);
-  form->Add(As_Control({"Combo1", FormControlKind::ComboBox, "", "", "", {120, 420, 6360, 315}}));
+  form->Add(As_Control({"Combo1", ComboBox, "", "", "", {120, 420, 6360, 315}}));
   return form;
 }
 

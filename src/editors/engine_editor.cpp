@@ -8,6 +8,7 @@
 #include "base/spelled_number.hpp"
 #include "base/text.hpp"
 #include "editors/ask.hpp"
+#include "editors/messages.hpp"
 #include "editors/shown_text.hpp"
 #include "platform/form_caption.hpp"
 #include "recognition/engine_table.hpp"
@@ -22,11 +23,6 @@ using datafiles::EgnRecord;
 
 constexpr std::string_view Title = "Quillspeech Engine Editor";
 constexpr std::string_view Info_Title = "Quillspeech Engine Editor Info.";
-
-void Refuse_Name(VocabularyAndEngineEditor& editor, std::string_view title) {
-  Show_Box(editor.session,
-           "You did not enter a file name or the name is not valid, verify and try again", title);
-}
 
 // Two points refuse a name, also when they lie in its folder.
 bool Has_Two_Points(std::string_view name) { return Like_Match(name, "*.*.*"); }
@@ -64,9 +60,9 @@ void Command3_Click(VocabularyAndEngineEditor& editor) {
   const std::string name =
       Trimmed(Ask_File(editor.session, "Open Quillspeech Engine to Edit", Pattern, Pattern));
   if (name.empty() || name == Pattern) return;
-  if (Has_Two_Points(name)) return Refuse_Name(editor, Info_Title);
+  if (Has_Two_Points(name)) return Refuse_File_Name(editor.session, Info_Title);
   if (!Like_Match(name, "*.E??") && !Like_Match(name, "*.e??")) {
-    return Refuse_Name(editor, Info_Title);
+    return Refuse_File_Name(editor.session, Info_Title);
   }
   Open_Engine_File(editor, name);
 }
@@ -75,8 +71,8 @@ void mnuEFoef_Click(VocabularyAndEngineEditor& editor) {
   editor.session.data.Main_File_Number.Close();
   const std::string name = Trimmed(Ask_Text(
       editor.session, "Open this existing or new *.egn File :", "Open:", editor.Engine_File_Name));
-  if (Has_Two_Points(name)) return Refuse_Name(editor, Info_Title);
-  if (!Is_Engine_File_Name(name)) return Refuse_Name(editor, Title);
+  if (Has_Two_Points(name)) return Refuse_File_Name(editor.session, Info_Title);
+  if (!Is_Engine_File_Name(name)) return Refuse_File_Name(editor.session, Title);
   Open_Engine_File(editor, name);
 }
 
@@ -116,27 +112,28 @@ void Command4_Click(VocabularyAndEngineEditor& editor) {
 constexpr std::string_view Pass_Value_Prompt =
     "Please enter the engine input filter's( category ) pass criteria";
 
+// What the answer spells or, when it spells no number, what it begins with: 0 if that is none.
+Checked16 Pass_Value_In(const std::string& answer) {
+  if (Is_Numeric(answer)) return Number_In<std::int16_t>(answer);
+  return Round_To_16(Numeric_Value(answer));
+}
+
 // The caption shows the answer even when its value then does not fit.
-void Show_Pass_Value_Answer(VocabularyAndEngineEditor& editor, const std::string& answer) {
+void Take_Pass_Value(VocabularyAndEngineEditor& editor, const std::string& answer) {
   editor.DatabaseVE().Set_Menu_Caption("mnuEFCT", std::string(Pass_Value_Prompt) + "..." + answer);
+  editor.session.settings.Filter_Pass_Value = Pass_Value_In(answer);
 }
 
 void Command5_Click(VocabularyAndEngineEditor& editor) {
   const std::string answer = Ask_Text(editor.session, Pass_Value_Prompt, "Enter threshold value:");
-  if (!Is_Numeric(answer)) {
-    Show_Box(editor.session, "Incorrect data format, cannot use the value you specified.Try again",
-             Title);
-    return;
-  }
-  Show_Pass_Value_Answer(editor, answer);
-  editor.session.settings.Filter_Pass_Value = Number_In<std::int16_t>(answer);
+  if (Is_Numeric(answer)) return Take_Pass_Value(editor, answer);
+  Show_Box(editor.session, "Incorrect data format, cannot use the value you specified.Try again",
+           Title);
 }
 
-// Takes the number that the answer begins with; anything else counts as 0, a cancelled answer too.
+// Takes any answer, a cancelled one too.
 void mnuEFCT_Click(VocabularyAndEngineEditor& editor) {
-  const std::string answer = Ask_Text(editor.session, Pass_Value_Prompt, "Enter threshold:");
-  Show_Pass_Value_Answer(editor, answer);
-  editor.session.settings.Filter_Pass_Value = Round_To_16(Numeric_Value(answer));
+  Take_Pass_Value(editor, Ask_Text(editor.session, Pass_Value_Prompt, "Enter threshold:"));
 }
 
 constexpr auto Commands = std::to_array<DatabaseVECommand>({

@@ -21,20 +21,9 @@ LanguageEditor::LanguageEditor(Session& shared) : session(shared) {
 
 LanguageEditor::~LanguageEditor() = default;
 
-Form& LanguageEditor::Database() {
-  if (!database_) Fail(Failure::Invalid_Call);
-  return *database_;
-}
-
-Form& LanguageEditor::DataDisplay() {
-  if (!data_display_) Fail(Failure::Invalid_Call);
-  return *data_display_;
-}
-
-Form& LanguageEditor::FeaturesDisplay() {
-  if (!features_display_) Fail(Failure::Invalid_Call);
-  return *features_display_;
-}
+Form& LanguageEditor::Database() { return Made(database_); }
+Form& LanguageEditor::DataDisplay() { return Made(data_display_); }
+Form& LanguageEditor::FeaturesDisplay() { return Made(features_display_); }
 
 bool LanguageEditor::Is_Loaded() const { return database_ && database_->Is_Loaded(); }
 
@@ -130,18 +119,10 @@ void LanguageEditor::Database_Unload() {
 }
 
 void LanguageEditor::Open_File(const std::string& name) {
-  RecordFile file;
-  file.Open(session.ports.data_files, name, SayRecord::Record_Bytes);
-  const Checked32 count = file.Record_Count();
-  SayRecord first;
-  file.Read(1, first.Bytes(), SayRecord::Missing_Byte);
-  if (count == 0) first.RecordNo(1);
-
+  auto opened = Opened_Records<SayRecord>(session.ports.data_files, name);
   OpenDataFile& data = session.data;
   if (data.Main_File_Number.Is_Open()) earlier_files_.push_back(std::move(data.Main_File_Number));
-  data.Main_File_Number = std::move(file);
-  data.Main_Record_Count = count;
-  data.SayRecord = first;
+  Use_Records(data, data.SayRecord, std::move(opened));
 }
 
 void LanguageEditor::Choose_Record() {
@@ -151,8 +132,7 @@ void LanguageEditor::Choose_Record() {
 }
 
 void LanguageEditor::Read_Record(std::int64_t number) {
-  session.data.Main_File_Number.Read(number, Record().Bytes(), SayRecord::Missing_Byte);
-  if (session.data.Main_Record_Count == 0) Record().RecordNo(1);
+  session.data.SayRecord = Record_At<SayRecord>(session.data, number);
 }
 
 void LanguageEditor::Write_Record(const SayRecord& changed) {

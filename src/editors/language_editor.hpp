@@ -4,7 +4,6 @@
 #pragma once
 
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +11,7 @@
 #include "base/checked.hpp"
 #include "datafiles/record_file.hpp"
 #include "datafiles/records.hpp"
+#include "editors/editor_windows.hpp"
 #include "editors/shown_text.hpp"
 #include "platform/form.hpp"
 #include "session/session.hpp"
@@ -20,13 +20,10 @@ namespace quillspeech {
 
 class LanguageEditor;
 
-// What a click on a control or a menu entry of Database does. A failure ends it silently. The
-// tables are Navigation_Commands, Transfer_Commands, Memory_Commands and Entry_Commands.
-struct EditorCommand {
-  std::string_view control;
-  void (*run)(LanguageEditor& editor);
-};
-using EditorCommands = std::span<const EditorCommand>;
+// A failure ends a command silently. The tables are Navigation_Commands, Transfer_Commands,
+// Memory_Commands and Entry_Commands.
+using EditorCommand = ClickCommand<LanguageEditor>;
+using EditorCommands = ClickCommands<LanguageEditor>;
 
 // What the commands share. The windows are made anew at each loading; asking for one before its
 // first is failure 5.

@@ -8,13 +8,9 @@
 namespace quillspeech {
 namespace {
 
-constexpr FormSize Database_Size{9900, 6210};
+using enum FormControlKind;
 
-constexpr auto Frame = FormControlKind::Frame;
-constexpr auto Label = FormControlKind::Label;
-constexpr auto TextBox = FormControlKind::TextBox;
-constexpr auto Button = FormControlKind::Button;
-constexpr auto ComboBox = FormControlKind::ComboBox;
+constexpr FormSize Database_Size{9900, 6210};
 
 // Some captions and tips carry blanks and spellings of their own.
 constexpr std::string_view Rate = "I will rate this entry to  match :";

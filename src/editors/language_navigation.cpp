@@ -5,6 +5,8 @@
 
 #include "base/spelled_number.hpp"
 #include "base/text.hpp"
+#include "datafiles/say_record_texts.hpp"
+#include "editors/messages.hpp"
 #include "recognition/like_match.hpp"
 
 namespace quillspeech {
@@ -30,12 +32,7 @@ void Name_File(LanguageEditor& editor, const std::string& name) {
 }
 
 void Open_Chosen_File(LanguageEditor& editor, const std::string& name, bool is_valid) {
-  if (!is_valid) {
-    Show_Box(editor.session,
-             "You did not enter a file name or the name is not valid, verify and try again",
-             "Quillspeech Language Editor Info.");
-    return;
-  }
+  if (!is_valid) return Refuse_File_Name(editor.session, "Quillspeech Language Editor Info.");
   editor.Open_File(name);
   Name_File(editor, name);
   Enable_File_Commands(editor, true);
@@ -114,10 +111,6 @@ void VC_Click(LanguageEditor& editor) {
   editor.Display_Record();
 }
 
-void Tell_Not_Present(LanguageEditor& editor, const std::string& wanted, std::string_view title) {
-  Show_Box(editor.session, "Record " + wanted + " not present", title);
-}
-
 void mnuNumber_Click(LanguageEditor& editor) {
   const std::string answer = Ask_Text(editor.session, "Enter Reference Number", "Find:");
   const double number = Numeric_Value(answer);
@@ -126,16 +119,13 @@ void mnuNumber_Click(LanguageEditor& editor) {
   if (number > 0.5 && number <= static_cast<double>(editor.session.data.Main_Record_Count)) {
     editor.Read_Record(Round_To_32(number));
   } else {
-    Tell_Not_Present(editor, answer, Title);
+    Tell_Not_Present(editor.session, answer, Title);
   }
   editor.Display_Record();
 }
 
 bool Has_Word(const SayRecord& record, std::string_view wanted) {
-  for (int i = 1; i <= record.WordCount(); ++i) {
-    if (Trim(record.Words(i)) == wanted) return true;
-  }
-  return false;
+  return datafiles::Has_Element(record, datafiles::Words, record.WordCount(), wanted);
 }
 
 void mnuFindName_Click(LanguageEditor& editor) { Find_Record(editor, Has_Word); }
@@ -200,7 +190,7 @@ void Find_Record(LanguageEditor& editor, RecordTest fits) {
     editor.Read_Record(number);
     if (fits(editor.Record(), Trim(answer))) return editor.Display_Record();
   }
-  Tell_Not_Present(editor, answer, "Quillspeech Language Editor ");
+  Tell_Not_Present(editor.session, answer, "Quillspeech Language Editor ");
 }
 
 void Open_First_File(LanguageEditor& editor) {

@@ -2,42 +2,29 @@
 #include <string>
 
 #include "base/text.hpp"
+#include "datafiles/say_record_texts.hpp"
 #include "editors/language_editor.hpp"
 
 namespace quillspeech {
 namespace {
 
+using datafiles::Align;
+using datafiles::Codes;
+using datafiles::Element;
+using datafiles::Protocols;
 using datafiles::SayRecord;
+using datafiles::Words;
 
 constexpr std::string_view Product = "Quillspeech";
 constexpr std::string_view Registered = "\xAE";
 constexpr std::string_view Copyright = "\xA9";
-
-struct TextArray {
-  std::string_view (SayRecord::*read)(std::int64_t) const;
-  void (SayRecord::*write)(std::int64_t, std::string_view);
-};
-constexpr TextArray Words{&SayRecord::Words, &SayRecord::Words};
-constexpr TextArray Protocols{&SayRecord::LikeProtocols, &SayRecord::LikeProtocols};
-constexpr TextArray Codes{&SayRecord::EngineCodes, &SayRecord::EngineCodes};
-
-// Moves an element's text to the left end of its field and gives it as it shows.
-std::string Align(SayRecord& record, const TextArray& array, std::int64_t index) {
-  const std::string text = Trimmed((record.*array.read)(index));
-  (record.*array.write)(index, text);
-  return std::string(Shown(text));
-}
-
-std::string Element(const SayRecord& record, const TextArray& array, std::int64_t index) {
-  return std::string(Shown(Trim((record.*array.read)(index))));
-}
 
 std::string Caption(LanguageEditor& editor) {
   SayRecord& record = editor.Record();
   std::string caption(Product);
   caption.append(Registered).append("  Record No.").append(std::to_string(record.RecordNo()));
   caption.append(" out of ").append(std::to_string(editor.session.data.Main_Record_Count.Raw()));
-  caption.append(" ").append(" for Words Like...").append(Align(record, Words, 1));
+  caption.append(" ").append(" for Words Like...").append(Shown(Align(record, Words, 1)));
   return caption.append(" ").append(Copyright).append("Corvane Studio Works");
 }
 
@@ -57,7 +44,7 @@ void Display_Words(LanguageEditor& editor) {
   font.name = Shown(font_name);
   form.Set_Font("Combo5", font);
   for (int i = 1; i <= record.WordCount(); ++i) {
-    form.Add_Item("Combo5", Align(record, Words, i));
+    form.Add_Item("Combo5", Shown(Align(record, Words, i)));
     form.Add_Item("Combo10", std::to_string(record.WordRatings(i)));
   }
   editor.Show_Text("Combo5", Element(record, Words, 1));
@@ -78,7 +65,7 @@ void Display_Patterns(LanguageEditor& editor) {
   Form& form = editor.Database();
   SayRecord& record = editor.Record();
   for (int i = 1; i <= record.LikeCount(); ++i) {
-    form.Add_Item("Combo2", Align(record, Protocols, i));
+    form.Add_Item("Combo2", Shown(Align(record, Protocols, i)));
     form.Add_Item("Combo3", std::to_string(record.LikeRatings(i)));
   }
   editor.Show_Text("Combo2", Element(record, Protocols, 1));
@@ -90,7 +77,7 @@ void Display_Differentiators(LanguageEditor& editor) {
   SayRecord& record = editor.Record();
   for (int i = 1; i <= record.DifferentiatorCount(); ++i) {
     form.Add_Item("Combo7", std::to_string(record.SlotNumbers(i)));
-    form.Add_Item("Combo6", Align(record, Codes, i));
+    form.Add_Item("Combo6", Shown(Align(record, Codes, i)));
     form.Add_Item("Combo9", std::to_string(record.EngineCodeWeights(i)));
   }
   editor.Show_Text("Combo7", std::to_string(record.SlotNumbers(1)));

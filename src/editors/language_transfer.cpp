@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/text.hpp"
+#include "datafiles/say_record_texts.hpp"
 #include "editors/ask.hpp"
 #include "editors/language_navigation.hpp"
 #include "editors/say_record_states.hpp"
@@ -19,12 +20,9 @@ bool Is_Wanted(LanguageEditor& editor, std::string_view question) {
   return Is_Answered_Yes(editor.session, question, Title);
 }
 
-// The same text, letter for letter: its wildcards are letters here.
+// The same text: its wildcards are letters here.
 bool Has_Pattern(const SayRecord& record, std::string_view wanted) {
-  for (int i = 1; i <= record.LikeCount(); ++i) {
-    if (Trim(record.LikeProtocols(i)) == wanted) return true;
-  }
-  return false;
+  return datafiles::Has_Element(record, datafiles::Protocols, record.LikeCount(), wanted);
 }
 
 void mnuPatternFind_Click(LanguageEditor& editor) { Find_Record(editor, Has_Pattern); }

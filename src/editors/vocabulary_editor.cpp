@@ -7,6 +7,7 @@
 #include "base/spelled_number.hpp"
 #include "base/text.hpp"
 #include "editors/ask.hpp"
+#include "editors/messages.hpp"
 #include "editors/shown_text.hpp"
 #include "editors/voc_record_states.hpp"
 #include "editors/vocabulary_records.hpp"
@@ -21,6 +22,7 @@ using datafiles::VocRecord;
 
 constexpr std::string_view Graph = "Picture1";
 constexpr std::string_view List = "Combo1";
+constexpr std::string_view Find_Title = "Quillspeech Vocabulary Editor Version 1.0";
 
 std::int64_t Record_Count(const VocabularyAndEngineEditor& editor) {
   return editor.session.data.Main_Record_Count;
@@ -49,7 +51,7 @@ void Begin_List(VocabularyAndEngineEditor& editor) {
 }
 
 void List_Record(VocabularyAndEngineEditor& editor, std::int64_t number) {
-  const VocRecord record = Record_In_File(editor, number);
+  const VocRecord record = Record_At<VocRecord>(editor.session.data, number);
   editor.DataDisplayVE().Add_Item(List, " " + std::to_string(record.RecordNo()) + "           " +
                                             std::string(Shown(Name_Of(record))) + "( " +
                                             std::to_string(record.VocabularySampleCount()) + " )");
@@ -85,9 +87,7 @@ void Open_File(VocabularyAndEngineEditor& editor, const std::string& name) {
 }
 
 void Refuse_Name(VocabularyAndEngineEditor& editor) {
-  Show_Box(editor.session,
-           "You did not enter a file name or the name is not valid, verify and try again",
-           "Quillspeech Vocabulary Editor Info.");
+  Refuse_File_Name(editor.session, "Quillspeech Vocabulary Editor Info.");
 }
 
 void Command1_Click(VocabularyAndEngineEditor& editor) {
@@ -134,11 +134,6 @@ void mnuPrevious_Click(VocabularyAndEngineEditor& editor) {
   Display_Record(editor);
 }
 
-void Tell_Not_Present(VocabularyAndEngineEditor& editor, const std::string& wanted) {
-  Show_Box(editor.session, "Record " + wanted + " not present",
-           "Quillspeech Vocabulary Editor Version 1.0");
-}
-
 // Displays that record; false: the file counts none of that number.
 bool Go_To(VocabularyAndEngineEditor& editor, double number) {
   if (number <= 0 || number > static_cast<double>(Record_Count(editor))) return false;
@@ -152,7 +147,7 @@ bool Go_To(VocabularyAndEngineEditor& editor, double number) {
 void mnuNumber_Click(VocabularyAndEngineEditor& editor) {
   const std::string answer = Ask_Text(editor.session, "Enter Reference Number", "Find:");
   const double number = Numeric_Value(answer);
-  if (number != 0 && !Go_To(editor, number)) Tell_Not_Present(editor, answer);
+  if (number != 0 && !Go_To(editor, number)) Tell_Not_Present(editor.session, answer, Find_Title);
 }
 
 // After a search in vain the last record is in the buffer, and the window shows what it showed.
@@ -164,7 +159,7 @@ void mnuFindName_Click(VocabularyAndEngineEditor& editor) {
     Read_Record(editor, number);
     if (Name_Of(editor.Vocabulary()) == answer) return Display_Record(editor);
   }
-  Tell_Not_Present(editor, answer);
+  Tell_Not_Present(editor.session, answer, Find_Title);
 }
 
 void mnuDelete_Click(VocabularyAndEngineEditor& editor) {

@@ -44,16 +44,8 @@ std::string_view Name_Of(const VocRecord& record) {
   return name.substr(0, name.find_last_not_of(' ') + 1);
 }
 
-VocRecord Record_In_File(VocabularyAndEngineEditor& editor, std::int64_t number) {
-  OpenDataFile& data = editor.session.data;
-  VocRecord record;
-  data.Main_File_Number.Read(number, record.Bytes(), VocRecord::Missing_Byte);
-  if (data.Main_Record_Count == 0) record.RecordNo(1);
-  return record;
-}
-
 void Read_Record(VocabularyAndEngineEditor& editor, std::int64_t number) {
-  editor.Vocabulary() = Record_In_File(editor, number);
+  editor.Vocabulary() = Record_At<VocRecord>(editor.session.data, number);
 }
 
 void Write_Record(VocabularyAndEngineEditor& editor) {

@@ -10,10 +10,7 @@ namespace quillspeech {
 // Without the blanks behind it; those in front are part of the name.
 std::string_view Name_Of(const datafiles::VocRecord& record);
 
-// Failures as of RecordFile. In a file that counts no record every record is record 1.
-datafiles::VocRecord Record_In_File(VocabularyAndEngineEditor& editor, std::int64_t number);
-
-// Into the buffer, which a failure leaves as it was.
+// Into the buffer, as Record_At gives it; a failure leaves the buffer as it was.
 void Read_Record(VocabularyAndEngineEditor& editor, std::int64_t number);
 
 // From the buffer, at its RecordNo.

@@ -7,6 +7,7 @@
 #include "base/rounding.hpp"
 #include "base/text.hpp"
 #include "datafiles/record_scan.hpp"
+#include "datafiles/say_record_texts.hpp"
 #include "recognition/like_match.hpp"
 #include "recognition/ranking.hpp"
 #include "session/failure_trap.hpp"
@@ -15,25 +16,14 @@
 namespace quillspeech {
 namespace {
 
+using datafiles::Align;
+using datafiles::Codes;
+using datafiles::Protocols;
 using datafiles::SayRecord;
 
 constexpr int Table_Limit = 1000;  // words of a run
 constexpr int Bonus_Score = 20;    // for a slot that is as heavy as a record asks
 constexpr int Floor_Score = 5;     // for every match
-
-struct TextArray {
-  std::string_view (SayRecord::*read)(std::int64_t) const;
-  void (SayRecord::*write)(std::int64_t, std::string_view);
-};
-constexpr TextArray Protocols{&SayRecord::LikeProtocols, &SayRecord::LikeProtocols};
-constexpr TextArray Codes{&SayRecord::EngineCodes, &SayRecord::EngineCodes};
-
-// Moves an element's text to the left end of its field and gives the text. Most have it there.
-std::string_view Align(SayRecord& record, const TextArray& array, std::int64_t index) {
-  const std::string_view field = (record.*array.read)(index);
-  if (field.front() == ' ') (record.*array.write)(index, Trim(field));
-  return Trim(field);
-}
 
 // Among the rows that name the content of their slot the last one decides.
 int Differentiator_Bonus(SayRecord& record, const Filter& filter) {

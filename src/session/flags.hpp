@@ -23,9 +23,9 @@ struct Flags {
   Checked16 Sampling_Time_Set;         // written only
   Checked16 Language_Editor_Loaded;    // True while the Language Editor's window is loaded
 
-  // From a control's end until there is work again or a new control: an analysis that is still on
-  // the stack brings up no window that nobody would close.
-  bool Control_Has_Ended = false;
+  // From the rest or a control's end until there is work again or a new control: an analysis that
+  // is still on the stack brings up no window that nobody would close.
+  bool Windows_Stay_Away = false;
 
   // The answer of Is_Design_Environment, asked once.
   std::int16_t Design_Environment_Tested = False;

@@ -2,24 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
 #include <string>
 #include <vector>
 
 #include "tests/editors/engine_editor_fixture.hpp"
+#include "tests/editors/form_layout.hpp"
 
 namespace quillspeech::tests {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-Texts Captions_In(const Form& form, const std::string& parent) {
-  Texts captions;
-  for (const FormMenu& menu : form.Menus()) {
-    if (menu.parent == parent) captions.push_back(menu.caption);
-  }
-  return captions;
-}
 
 TEST(DatabaseVEForm, Has_its_menus_in_order) {
   const auto form = Make_DatabaseVE_Form();
@@ -70,12 +62,7 @@ TEST(DatabaseVEForm, Has_a_menu_of_numbered_entries_for_each_group) {
 
 TEST(DatabaseVEForm, Its_controls_have_these_kinds_captions_and_tips) {
   const auto form = Make_DatabaseVE_Form();
-  const struct {
-    const char* name;
-    FormControlKind kind;
-    const char* text;
-    const char* tip;
-  } expected[] = {
+  const ExpectedControl controls[] = {
       {"Command1", FormControlKind::Button, "SAY Files", "Hit this to get  *.SAY"},
       {"Command2", FormControlKind::Button, "Clear", ""},
       {"Picture1", FormControlKind::Picture, "", ""},
@@ -92,12 +79,7 @@ TEST(DatabaseVEForm, Its_controls_have_these_kinds_captions_and_tips) {
       {"Command5", FormControlKind::Button, "Filter's EC pass value",
        "Input the filter pass value"},
   };
-  for (const auto& [name, kind, text, tip] : expected) {
-    const FormControl& control = (*form)[name];
-    EXPECT_EQ(control.kind, kind) << name;
-    EXPECT_EQ(control.text, text) << name;
-    EXPECT_EQ(control.tip, tip) << name;
-  }
+  for (const ExpectedControl& control : controls) Expect_Control(*form, control);
   for (const auto label : {"Label2", "Label5"}) EXPECT_NE(form->Find(label), nullptr);
 }
 
@@ -141,35 +123,13 @@ TEST(DatabaseVEForm, The_list_has_its_caption) {
 
 TEST(DatabaseVEForm, No_name_is_given_twice) {
   for (const auto& form : {Make_DatabaseVE_Form(), Make_DataDisplayVE_Form()}) {
-    std::set<std::string> names;
-    for (const FormControl& control : form->Controls()) {
-      EXPECT_TRUE(names.insert(control.name).second) << control.name;
-    }
-    for (const FormMenu& menu : form->Menus()) {
-      EXPECT_TRUE(names.insert(menu.name).second) << menu.name;
-    }
+    Expect_No_Name_Twice(*form);
   }
-}
-
-bool Are_Apart(const FormPlace& one, const FormPlace& other) {
-  return one.left + one.width <= other.left || other.left + other.width <= one.left ||
-         one.top + one.height <= other.top || other.top + other.height <= one.top;
 }
 
 TEST(DatabaseVEForm, Every_control_lies_inside_its_parent_and_apart_from_its_neighbours) {
   for (const auto& form : {Make_DatabaseVE_Form(), Make_DataDisplayVE_Form()}) {
-    for (const FormControl& one : form->Controls()) {
-      const FormControl* const parent = form->Find(one.parent);
-      const FormSize room =
-          parent ? FormSize{parent->place.width, parent->place.height} : form->Size();
-      EXPECT_GE(one.place.left, 90) << one.name;
-      EXPECT_LE(one.place.left + one.place.width, room.width - 90) << one.name;
-      EXPECT_LE(one.place.top + one.place.height, room.height - 90) << one.name;
-      for (const FormControl& other : form->Controls()) {
-        if (&one == &other || one.parent != other.parent) continue;
-        EXPECT_TRUE(Are_Apart(one.place, other.place)) << one.name << " and " << other.name;
-      }
-    }
+    Expect_Controls_In_Their_Places(*form);
   }
 }
 

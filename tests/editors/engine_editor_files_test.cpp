@@ -1,4 +1,5 @@
 // Engine files: how they are opened and saved.
+#include "editors/language_editor.hpp"
 #include "tests/editors/engine_editor_fixture.hpp"
 #include "tests/support/failures.hpp"
 
@@ -75,6 +76,17 @@ TEST_F(EngineFiles, Names_are_taken_by_their_extension) {
       EXPECT_EQ(editor.Engine_File_Name, is_opened ? name : "before") << name << by_button;
       EXPECT_EQ(Told(), says ? Texts{std::string(says) + Refusal} : Texts{}) << name << by_button;
     }
+  }
+}
+
+TEST_F(EngineFiles, A_name_with_two_points_is_refused_though_it_ends_in_the_right_extension) {
+  for (const bool by_button : {true, false}) {
+    boxes.shown.clear();
+    if (by_button) Open_By_Button("my.old.EGN");
+    if (!by_button) Choose("mnuEFoef", "my.old.EGN");
+    EXPECT_EQ(Told(), Texts{std::string(Info_Title) + Refusal}) << by_button;
+    EXPECT_EQ(editor.Engine_File_Name, "") << by_button;
+    EXPECT_EQ(data_files.opens, 0) << by_button;
   }
 }
 
@@ -193,6 +205,23 @@ TEST_F(EngineFiles, Save_writes_each_entry_to_the_element_of_its_place) {
   EXPECT_EQ(data_files.files.at(File), expected);
 }
 
+TEST_F(EngineFiles, Elements_61_and_above_keep_the_bytes_that_were_read) {
+  constexpr std::size_t Element_61 = 4 + 20 * 61;
+  Open({});
+  std::vector<std::uint8_t>& bytes = data_files.files.at(File);
+  for (std::size_t at = Element_61; at < bytes.size(); ++at) {
+    bytes[at] = static_cast<std::uint8_t>(at);
+  }
+  const std::vector<std::uint8_t> before = bytes;
+  Choose("mnuEFoef", File);
+  Click("Command4");
+  for (const std::string& entry : Entries_In_Order()) Choose(entry, "new");
+  Save();
+  EXPECT_EQ(Slot_On_Disk(60), "new");
+  EXPECT_TRUE(std::equal(before.begin() + Element_61, before.end(),
+                         data_files.files.at(File).begin() + Element_61));
+}
+
 TEST_F(EngineFiles, A_text_of_20_characters_fills_its_element_and_a_longer_one_is_cut) {
   Open({});
   Choose("mnu02(1)", "abcdefghijklmnopqrst");
@@ -264,6 +293,30 @@ TEST_F(EngineFiles, A_no_leaves_the_file_open_for_a_second_save) {
   EXPECT_TRUE(Is_Open());
   Save();
   EXPECT_EQ(Slot_On_Disk(0), "new");
+}
+
+// The name of the engine file is kept, and the one channel is open: it is the other editor's. Its
+// records are longer, so the write fails, and the save with it.
+TEST_F(EngineFiles, A_save_while_a_language_file_is_open_asks_and_leaves_both_files) {
+  Open({{0, "old"}});
+  Save();
+  Put_Language_File(data_files, "words.SAY", {Record().Word("one"), Record().Word("two")});
+  session.settings.Consider_this_Lang_File_to_Add = "words.SAY";
+  LanguageEditor language(session);
+  language.Load();
+  Choose("mnu02(1)", "new");
+  const auto before = data_files.files;
+  for (const BoxAnswer answer : {BoxAnswer::No, BoxAnswer::Yes}) {
+    boxes.shown.clear();
+    Save(answer);
+    EXPECT_EQ(Told(), Texts{std::string(Title) +
+                            "Are you ready to save this engine record in file  my.EGN"});
+    EXPECT_EQ(recoveries, answer == BoxAnswer::Yes ? 1 : 0);
+    EXPECT_EQ(data_files.files, before);
+    EXPECT_TRUE(Is_Open());
+  }
+  EXPECT_EQ(session.trace.Last_Failure, 5);
+  EXPECT_EQ(Trim(language.Record().Words(1)), "one");
 }
 
 TEST_F(EngineFiles, A_save_that_fails_ends_in_the_recovery) {

@@ -1,16 +1,14 @@
 // The Engine Editor on files in memory, driven as by a person.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <cstdint>
 #include <string>
 #include <vector>
 
 #include "base/text.hpp"
 #include "editors/engine_editor.hpp"
+#include "tests/editors/editor_fixture.hpp"
 #include "tests/support/record_builder.hpp"
-#include "tests/support/test_session.hpp"
 
 namespace quillspeech::tests {
 
@@ -28,9 +26,8 @@ inline std::vector<std::string> Entries_In_Order() {
   return entries;
 }
 
-struct EngineEditorTest : testing::Test, TestSession {
+struct EngineEditorTest : EditorTest {
   static constexpr auto File = "my.EGN";
-  using Texts = std::vector<std::string>;
 
   EngineEditorTest() { editor.Load(); }
 
@@ -40,24 +37,14 @@ struct EngineEditorTest : testing::Test, TestSession {
     Choose("mnuEFoef", File);
   }
 
-  Form& Window() { return editor.DatabaseVE(); }
-  const std::string& Caption(const std::string& menu) { return Window().Menu(menu).caption; }
+  Form& Window() override { return editor.DatabaseVE(); }
   Texts Captions() {
     Texts captions;
     for (const std::string& entry : Entries_In_Order()) captions.push_back(Caption(entry));
     return captions;
   }
 
-  void Choose(const std::string& menu) { ASSERT_TRUE(Window().Choose_Menu(menu)) << menu; }
-  void Choose(const std::string& menu, const std::string& answer) {
-    dialogs.texts = {answer};
-    Choose(menu);
-  }
-  void Click(const std::string& button) { ASSERT_TRUE(Window().Click(button)) << button; }
-  void Save(BoxAnswer answer = BoxAnswer::Yes) {
-    boxes.answers = {answer};
-    Choose("mnuEFsef");
-  }
+  void Save(BoxAnswer answer = BoxAnswer::Yes) { Answer("mnuEFsef", answer); }
 
   datafiles::EgnRecord On_Disk(const std::string& name = File, int number = 1) {
     datafiles::EgnRecord record;
@@ -67,13 +54,6 @@ struct EngineEditorTest : testing::Test, TestSession {
     return record;
   }
   std::string Slot_On_Disk(int element) { return Trimmed(On_Disk().EngineSlots(element)); }
-
-  // Every box so far as "title|text".
-  Texts Told() const {
-    Texts told;
-    for (const auto& one : boxes.shown) told.push_back(one.box.title + "|" + one.box.text);
-    return told;
-  }
 
   VocabularyAndEngineEditor editor{session};
 };

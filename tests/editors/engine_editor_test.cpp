@@ -129,6 +129,18 @@ TEST_F(EngineEntries, The_default_engine_reaches_the_file_by_a_save_only) {
 struct FilterPassValue : EngineEditorTest {
   static constexpr auto Prompt = "Please enter the engine input filter's( category ) pass criteria";
   std::int64_t Value() { return session.settings.Filter_Pass_Value; }
+  struct Answered {
+    const char* answer;
+    int value;
+  };
+  // That the answer gives the value, that the menu shows it as it is, and that nothing is said.
+  void Expect_Taken(bool button, const Answered& by) {
+    session.settings.Filter_Pass_Value = 99;
+    Ask_By(button, by.answer);
+    EXPECT_EQ(Value(), by.value) << by.answer << button;
+    EXPECT_EQ(Caption("mnuEFCT"), std::string(Prompt) + "..." + by.answer);
+    EXPECT_TRUE(boxes.shown.empty());
+  }
   void Ask_By(bool button, const std::string& answer) {
     dialogs.texts = {answer};
     if (button) return Click("Command5");
@@ -148,37 +160,25 @@ TEST_F(FilterPassValue, The_button_and_the_menu_ask_the_same_under_titles_of_the
 }
 
 TEST_F(FilterPassValue, A_number_is_rounded_half_to_even) {
-  const struct {
-    const char* answer;
-    int value;
-  } cases[] = {{"5", 5},   {"2.5", 2}, {"3.5", 4},         {"-1", -1},
-               {" 7 ", 7}, {"0", 0},   {"32767.4", 32767}, {"-32768", -32768}};
-  for (const auto& [answer, value] : cases) {
-    for (const bool button : {true, false}) {
-      session.settings.Filter_Pass_Value = 99;
-      Ask_By(button, answer);
-      EXPECT_EQ(Value(), value) << answer << button;
-      EXPECT_EQ(Caption("mnuEFCT"), std::string(Prompt) + "..." + answer);
-    }
+  const Answered cases[] = {{"5", 5},   {"2.5", 2}, {"3.5", 4},         {"-1", -1},
+                            {" 7 ", 7}, {"0", 0},   {"32767.4", 32767}, {"-32768", -32768}};
+  for (const Answered& one : cases) {
+    for (const bool button : {true, false}) Expect_Taken(button, one);
   }
-  EXPECT_TRUE(boxes.shown.empty());
 }
 
-TEST_F(FilterPassValue, The_button_takes_a_number_however_it_is_spelled) {
-  const struct {
-    const char* answer;
-    int value;
-  } cases[] = {{"1,000", 1000}, {"(5)", -5}, {"&H10", 16}, {"&HFFFF", -1}, {"1d2", 100}};
-  for (const auto& [answer, value] : cases) {
-    Ask_By(true, answer);
-    EXPECT_EQ(Value(), value) << answer;
-    EXPECT_EQ(Caption("mnuEFCT"), std::string(Prompt) + "..." + answer);
+TEST_F(FilterPassValue, The_button_and_the_menu_take_a_number_however_it_is_spelled) {
+  const Answered cases[] = {{"1,000", 1000}, {"1,002.5", 1002}, {"(5)", -5},    {"( 2.5 )", -2},
+                            {"7-", -7},      {"&H10", 16},      {"&HFFFF", -1}, {"&O17", 15},
+                            {"1d2", 100},    {"1.5D+2", 150},   {"25E-1", 2},   {".5", 0},
+                            {"5.", 5},       {"\t6\n", 6}};
+  for (const Answered& one : cases) {
+    for (const bool button : {true, false}) Expect_Taken(button, one);
   }
-  EXPECT_TRUE(boxes.shown.empty());
 }
 
 TEST_F(FilterPassValue, The_button_refuses_what_is_no_number) {
-  for (const auto answer : {"", "many", "3 slices"}) {
+  for (const auto answer : {"", "many", "3 slices", "(5", "&HG", "&H", "1d", "1e999"}) {
     boxes.shown.clear();
     Ask_By(true, answer);
     EXPECT_EQ(Told(), Texts{"Quillspeech Engine Editor|Incorrect data format, cannot use the value "
@@ -188,26 +188,28 @@ TEST_F(FilterPassValue, The_button_refuses_what_is_no_number) {
   }
 }
 
-TEST_F(FilterPassValue, The_menu_takes_the_number_that_an_answer_begins_with) {
-  const struct {
-    const char* answer;
-    int value;
-  } cases[] = {{"3 slices", 3}, {"1,000", 1}, {"(5)", 0}, {"many", 0}, {"", 0}};
-  for (const auto& [answer, value] : cases) {
-    session.settings.Filter_Pass_Value = 9;
-    Ask_By(false, answer);
-    EXPECT_EQ(Value(), value) << answer;
-    EXPECT_EQ(Caption("mnuEFCT"), std::string(Prompt) + "..." + answer);
-  }
-  EXPECT_TRUE(boxes.shown.empty());
+TEST_F(FilterPassValue, The_menu_takes_of_other_texts_the_number_that_they_begin_with) {
+  const Answered cases[] = {{"3 slices", 3},     {"2.5 slices", 2}, {"-4x", -4},
+                            {"1,000 slices", 1}, {"(5", 0},         {"&HG", 0},
+                            {"1d", 1},           {"many", 0},       {"", 0}};
+  for (const Answered& one : cases) Expect_Taken(false, one);
 }
 
 TEST_F(FilterPassValue, One_that_16_bits_do_not_hold_fails_and_leaves_the_old_one) {
-  for (const bool button : {true, false}) {
-    EXPECT_EQ(Failure_Of([&] { Ask_By(button, "32768"); }), 6);
-    EXPECT_EQ(Value(), 1);
-    EXPECT_EQ(Caption("mnuEFCT"), std::string(Prompt) + "...32768");
+  for (const std::string answer : {"32768", "32767.5", "-32769", "&H10000", "33,000", "4d4"}) {
+    for (const bool button : {true, false}) {
+      EXPECT_EQ(Failure_Of([&] { Ask_By(button, answer); }), 6) << answer << button;
+      EXPECT_EQ(Value(), 1) << answer << button;
+      EXPECT_EQ(Caption("mnuEFCT"), std::string(Prompt) + "..." + answer);
+    }
   }
+}
+
+TEST_F(FilterPassValue, The_menu_fails_with_a_number_that_no_real_holds_and_the_button_refuses_it) {
+  EXPECT_EQ(Failure_Of([&] { Ask_By(false, "1e999"); }), 6);
+  Ask_By(true, "1e999");
+  EXPECT_EQ(boxes.shown.size(), 1U);
+  EXPECT_EQ(Value(), 1);
 }
 
 }  // namespace

@@ -8,18 +8,12 @@
 #include <utility>
 #include <vector>
 
+#include "tests/editors/form_layout.hpp"
+
 namespace quillspeech::tests {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-Texts Captions_In(const Form& form, const std::string& parent) {
-  Texts captions;
-  for (const FormMenu& menu : form.Menus()) {
-    if (menu.parent == parent) captions.push_back(menu.caption);
-  }
-  return captions;
-}
 
 TEST(DatabaseForm, Has_its_menus_in_order) {
   const auto form = Make_Database_Form();
@@ -60,12 +54,7 @@ TEST(DatabaseForm, Its_menu_entries_bear_the_names_that_commands_have) {
 
 TEST(DatabaseForm, Its_controls_have_these_kinds_captions_and_tips) {
   const auto form = Make_Database_Form();
-  const struct {
-    const char* name;
-    FormControlKind kind;
-    const char* text;
-    const char* tip;
-  } expected[] = {
+  const ExpectedControl controls[] = {
       {"TFNam", FormControlKind::TextBox, "", ""},
       {"Text1", FormControlKind::TextBox, "", ""},
       {"TextDiv", FormControlKind::TextBox, "",
@@ -94,12 +83,7 @@ TEST(DatabaseForm, Its_controls_have_these_kinds_captions_and_tips) {
       {"Combo9", FormControlKind::ComboBox, "", ""},
       {"Combo8", FormControlKind::ComboBox, "", "Click the entry you feel important"},
   };
-  for (const auto& [name, kind, text, tip] : expected) {
-    const FormControl& control = (*form)[name];
-    EXPECT_EQ(control.kind, kind) << name;
-    EXPECT_EQ(control.text, text) << name;
-    EXPECT_EQ(control.tip, tip) << name;
-  }
+  for (const ExpectedControl& control : controls) Expect_Control(*form, control);
 }
 
 TEST(DatabaseForm, Holds_each_list_in_a_frame_with_its_buttons) {
@@ -154,35 +138,17 @@ TEST(DatabaseForm, The_browser_and_the_summary_have_their_captions) {
   EXPECT_TRUE((*Make_FeaturesDisplay_Form())["Text1"].multi_line);
 }
 
-bool Are_Apart(const FormPlace& one, const FormPlace& other) {
-  return one.left + one.width <= other.left || other.left + other.width <= one.left ||
-         one.top + one.height <= other.top || other.top + other.height <= one.top;
-}
-
 TEST(DatabaseForm, No_name_is_given_twice) {
   for (const auto& form :
        {Make_Database_Form(), Make_DataDisplay_Form(), Make_FeaturesDisplay_Form()}) {
-    std::set<std::string> names;
-    for (const FormControl& control : form->Controls()) {
-      EXPECT_TRUE(names.insert(control.name).second) << control.name;
-    }
-    for (const FormMenu& menu : form->Menus()) EXPECT_TRUE(names.insert(menu.name).second);
+    Expect_No_Name_Twice(*form);
   }
 }
 
 TEST(DatabaseForm, Every_control_lies_inside_its_parent_and_apart_from_its_neighbours) {
-  const auto form = Make_Database_Form();
-  for (const FormControl& one : form->Controls()) {
-    const FormControl* const parent = form->Find(one.parent);
-    const FormSize room =
-        parent ? FormSize{parent->place.width, parent->place.height} : form->Size();
-    EXPECT_GE(one.place.left, 90) << one.name;
-    EXPECT_LE(one.place.left + one.place.width, room.width - 90) << one.name;
-    EXPECT_LE(one.place.top + one.place.height, room.height - 90) << one.name;
-    for (const FormControl& other : form->Controls()) {
-      if (&one == &other || one.parent != other.parent) continue;
-      EXPECT_TRUE(Are_Apart(one.place, other.place)) << one.name << " and " << other.name;
-    }
+  for (const auto& form :
+       {Make_Database_Form(), Make_DataDisplay_Form(), Make_FeaturesDisplay_Form()}) {
+    Expect_Controls_In_Their_Places(*form);
   }
 }
 

@@ -1,22 +1,19 @@
 // The Vocabulary Editor on files in memory, driven as by a person.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <cstdint>
 #include <string>
 #include <vector>
 
 #include "base/text.hpp"
 #include "editors/vocabulary_editor.hpp"
-#include "tests/support/test_session.hpp"
+#include "tests/editors/editor_fixture.hpp"
 #include "tests/support/vocabulary_builder.hpp"
 
 namespace quillspeech::tests {
 
-struct VocabularyEditorTest : testing::Test, TestSession {
+struct VocabularyEditorTest : EditorTest {
   using VocRecord = datafiles::VocRecord;
-  using Texts = std::vector<std::string>;
   static constexpr auto File = "my.SAY";
 
   // The window, with the file of these records opened in it.
@@ -29,25 +26,13 @@ struct VocabularyEditorTest : testing::Test, TestSession {
     dialogs.files = {name};
     Click("Command1");
   }
-  void In_A_Design_Environment() { host.path = "C:\\VB6.EXE"; }
 
-  Form& Window() { return editor.DatabaseVE(); }
-  std::string Text(const std::string& control) { return Window()[control].text; }
+  Form& Window() override { return editor.DatabaseVE(); }
   const FormDrawing& Graph() { return Window()["Picture1"].drawing; }
   const Texts& Lines() { return editor.DataDisplayVE()["Combo1"].items; }
   // The number of the record in the buffer.
   std::int64_t Current() { return editor.Vocabulary().RecordNo(); }
 
-  void Choose(const std::string& menu) { ASSERT_TRUE(Window().Choose_Menu(menu)) << menu; }
-  void Choose(const std::string& menu, const std::string& answer) {
-    dialogs.texts = {answer};
-    Choose(menu);
-  }
-  void Answer(const std::string& menu, BoxAnswer answer) {
-    boxes.answers = {answer};
-    Choose(menu);
-  }
-  void Click(const std::string& button) { ASSERT_TRUE(Window().Click(button)) << button; }
   // A menu entry or a button.
   void Do(const std::string& name) {
     if (Window().Find_Menu(name)) return Choose(name);
@@ -57,13 +42,6 @@ struct VocabularyEditorTest : testing::Test, TestSession {
   const std::vector<std::uint8_t>& Bytes_On_Disk() { return data_files.files.at(File); }
   VocRecord On_Disk(int number = 1) { return Vocabulary_Record(Bytes_On_Disk(), number); }
   std::string Name_On_Disk(int number = 1) { return Trimmed(On_Disk(number).VocabularyName()); }
-
-  // Every box so far as "title|text".
-  Texts Told() const {
-    Texts told;
-    for (const auto& one : boxes.shown) told.push_back(one.box.title + "|" + one.box.text);
-    return told;
-  }
 
   VocabularyAndEngineEditor editor{session};
 };
