@@ -100,6 +100,12 @@ class Code:
             made = ["Control::Make"] if name == "UserControl_Initialize" else []
             self.add("Operations", (key,), self.home_of(key, header), said=[name, *made])
 
+    def read_session(self):
+        """What every floor may do with the whole session."""
+        header = "src/session/session.hpp"
+        for name in re.findall(r"\n[\w:]+ (\w+)\(Session& session\);", self.files[header]):
+            self.add("Operations", (name,), self.home_of(name, header))
+
     def read_fields(self):
         """The calls that go up a floor."""
         fields = self.one("src/session/operations.hpp", r"struct Operations \{(.*?)\n\};")
@@ -294,6 +300,7 @@ def read(folder):
     code = Code(folder)
     code.read_procedures()
     code.read_control()
+    code.read_session()
     code.read_fields()
     code.read_callers()
     code.parts = dict(sorted(code.parts.items()))

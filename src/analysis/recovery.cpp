@@ -13,6 +13,7 @@ void Rearm_Capture(Session& session) {
 }
 
 void Unload_Windows(Session& session) {
+  session.flags.Windows_Stay_Away = true;
   session.operations.Unload_Graph(session);
   session.operations.Unload_StatusBar(session);
   session.operations.Unload_Database(session);

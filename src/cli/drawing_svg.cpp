@@ -63,8 +63,10 @@ std::string Box(const DrawingOperation& operation, const Scale& scale) {
   const DrawingPoint& other = operation.points[1];
   const auto [left, right] = std::minmax({scale.X(one.x), scale.X(other.x)});
   const auto [top, bottom] = std::minmax({scale.Y(one.y), scale.Y(other.y)});
-  return "<rect" + Attribute("x", left) + Attribute("y", top) + Attribute("width", right - left) +
-         Attribute("height", bottom - top) + Paint(operation) + "/>";
+  const double least = operation.is_filled ? 1 : 0;  // pixels: a face without any would not show
+  return "<rect" + Attribute("x", left) + Attribute("y", top) +
+         Attribute("width", std::max(right - left, least)) +
+         Attribute("height", std::max(bottom - top, least)) + Paint(operation) + "/>";
 }
 
 std::string Circle(const DrawingOperation& operation, const Scale& scale) {

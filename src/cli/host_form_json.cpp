@@ -86,7 +86,7 @@ void Add_Content(Json& json, const FormControl& control) {
 
 Json Form_Json(const Form& form) {
   Json json = {{"caption", To_Utf8(form.Caption())}};
-  if (!form.Ground().operations.empty()) json["drawing"] = Drawing_Json(form.Ground());
+  if (form.Ground() != FormDrawing{}) json["drawing"] = Drawing_Json(form.Ground());
   return json;
 }
 

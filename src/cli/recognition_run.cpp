@@ -32,9 +32,9 @@ void RecognitionRun::Hook_Up() {
   }
   if (!options_.keep_graph) return;
   // The control draws its graph only in a design environment, so the host says that it is one. No
-  // result changes by it: whoever else asks wants to know how the editor's window opens, and there
-  // is no window here.
+  // result changes by it: whoever else asks wants to know how a window opens, and there is none.
   on_files_->host.path = "vb6.exe";
+  operations.Show_Status_Image = [](Session&, int) {};
   operations.Draw_Audio_Graph = [this](Session& session) {
     if (graph_) return;  // long words of a file are drawn later, one over the other
     graph_ = Audio_Graph_Drawing(session.words);

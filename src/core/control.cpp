@@ -43,7 +43,7 @@ Control::~Control() {
 void Control::UserControl_Initialize() {
   Load_Default_Engine_Table(session);
   session.flags.Session_Started = 0;
-  session.flags.Control_Has_Ended = false;
+  session.flags.Windows_Stay_Away = false;
 }
 
 void Control::UserControl_Show() {

@@ -32,7 +32,7 @@ void Lift_Stop(Session& session) {
   session.settings.Stop_everything_now = "NO";
   session.flags.Stopped_Marker = 0;
   session.flags.Stopped_Text = "NO";
-  session.flags.Control_Has_Ended = false;
+  session.flags.Windows_Stay_Away = false;
 }
 
 // The other two timers do nothing.

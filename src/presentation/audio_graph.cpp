@@ -48,9 +48,13 @@ std::string Audio_Graph_Caption() {
          "Corvane Studio Works";
 }
 
-FormDrawing Audio_Graph_Drawing(WordTables& words) {
+FormDrawing Empty_Audio_Graph(WordTables& words) {
   words.Graph_Point_Count = words.Decimated_Count;
-  FormDrawing graph{Scale_For(words.Graph_Point_Count), {}};
+  return {Scale_For(words.Graph_Point_Count), {}};
+}
+
+FormDrawing Audio_Graph_Drawing(WordTables& words) {
+  FormDrawing graph = Empty_Audio_Graph(words);
   Add_Word_Boxes(graph, words);
   Add_Sample_Line(graph, words);
   return graph;

@@ -18,10 +18,13 @@ inline constexpr double Graph_Bottom = -128;
 // The window's caption, in Windows-1252.
 std::string Audio_Graph_Caption();
 
-// The sample: a filled box for each word, odd ones red and even ones yellow, and
+// Sets Graph_Point_Count to the number of grid points, and gives an empty graph on its scale.
+FormDrawing Empty_Audio_Graph(WordTables& words);
+
+// The sample on it: a filled box for each word, odd ones red and even ones yellow, and
 // above them a black line from the top left corner through every grid point. It is to be asked for
-// after the word bounds are known and before the analysis, which forgets the grid points; their
-// number stays in Graph_Point_Count. Failure 9 when a table is shorter than its count.
+// after the word bounds are known and before the analysis, which forgets the grid points. Failure 9
+// when a table is shorter than its count.
 FormDrawing Audio_Graph_Drawing(WordTables& words);
 
 // Puts a text at the middle of the top, in place of the one that was printed there before: one over

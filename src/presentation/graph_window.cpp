@@ -23,10 +23,10 @@ GraphWindow::GraphWindow(Session& session) : session_(session), graph_("Graph", 
 // A window on show stays where a person has put it: to come to the front with every sample would
 // take the keyboard away from the program that is being tried.
 void GraphWindow::Draw_Audio_Graph() {
-  if (session_.flags.Control_Has_Ended) return;
+  if (session_.flags.Windows_Stay_Away) return;
   FormViews& views = session_.ports.views;
   if (!views.Is_Shown(graph_)) views.Show(graph_, Modality::None);
-  graph_.Set_Ground({});
+  graph_.Set_Ground(Empty_Audio_Graph(session_.words));
   graph_.Set_Ground(Audio_Graph_Drawing(session_.words));
 }
 

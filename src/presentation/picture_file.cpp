@@ -23,8 +23,9 @@ constexpr std::size_t Icon_Least_Bytes = 22;
 constexpr std::size_t Icon_Count_Place = 4;
 
 constexpr Head Heads[] = {
-    {13, 0, "GIF87a"sv},           {13, 0, "GIF89a"sv},
-    {4, 0, "\xFF\xD8\xFF"sv},      {33, 0, "\x89PNG\r\n\x1A\n"sv},
+    {13, 0, "GIF87a"sv},
+    {13, 0, "GIF89a"sv},
+    {4, 0, "\xFF\xD8\xFF"sv},
     {40, 0, "\xD7\xCD\xC6\x9A"sv},  // a metafile behind a head with its size
 };
 constexpr Head Bitmap{Bitmap_Least_Bytes, 0, "BM"sv};

@@ -10,7 +10,7 @@ namespace quillspeech {
 
 inline constexpr std::size_t Longest_Picture_Bytes = std::size_t{16} * 1024 * 1024;
 
-// Whether the bytes begin as a picture does that a window can show: a bitmap, GIF, JPEG, PNG, icon,
+// Whether the bytes begin as a picture does that a window can show: a bitmap, GIF, JPEG, icon,
 // cursor, enhanced metafile, or a metafile that tells its size.
 bool Is_Picture(const std::string& bytes);
 

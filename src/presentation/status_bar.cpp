@@ -44,7 +44,7 @@ void StatusBar::Show_Status_Image(int mode) {
   if (session_.settings.I_want_Status_Animation != "YES" || !Is_Design_Environment(session_)) {
     return;
   }
-  if (session_.flags.Control_Has_Ended) return;
+  if (session_.flags.Windows_Stay_Away) return;
   FormViews& views = session_.ports.views;
   Run_Silently_Trapped(session_, [&] {
     if (!views.Is_Shown(window_)) views.Show(window_, Modality::None);
@@ -61,15 +61,18 @@ void StatusBar::Take_Picture(int mode) {
 }
 
 void StatusBar::Take_Picture_Of(std::string_view image) {
+  file_on_view_.clear();
   window_.Set_Picture(On_View, "");
   window_.Set_Drawing(On_View, window_[image].drawing);
 }
 
 // The drawing stays behind it, for a view that can make nothing of the file.
 void StatusBar::Take_Picture_From(const std::string& file) {
-  if (file.empty()) return;
+  if (file.empty() || file == file_on_view_) return;
   const auto picture = Read_Picture(session_.ports.riff_files, file);
-  if (picture) window_.Set_Picture(On_View, *picture);
+  if (!picture) return;
+  window_.Set_Picture(On_View, *picture);
+  file_on_view_ = file;
 }
 
 void Connect_Status_Bar(Session& session) {

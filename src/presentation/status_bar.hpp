@@ -17,7 +17,7 @@ class StatusBar {
 
   // 1: listening, 2: busy. Nothing unless I_want_Status_Animation is "YES" and the host is a design
   // environment. No failure of the window or of a picture file goes out; such a file leaves the
-  // picture that is on view.
+  // picture that is on view. A file is read when it comes on view, not at every call.
   void Show_Status_Image(int mode);
 
  private:
@@ -27,6 +27,7 @@ class StatusBar {
 
   Session& session_;
   Form window_;
+  std::string file_on_view_;  // empty: none
 };
 
 // Makes the window and fills in the operations that show and unload it. It lives as long as the

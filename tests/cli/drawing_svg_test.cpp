@@ -33,6 +33,11 @@ TEST(DrawingSvg, Polygons_are_filled_or_outlined) {
   EXPECT_TRUE(Svg_Of(Outlined(polygon)).starts_with("<polygon fill=\"none\" stroke=\"#ff0000\""));
 }
 
+TEST(DrawingSvg, A_filled_box_shows_however_narrow_it_is) {
+  EXPECT_EQ(Svg_Of(Drawn_Box({10, 10}, {10, 20}, 0)),
+            "<rect x=\"30\" y=\"40\" width=\"1\" height=\"20\" fill=\"#000000\"/>\n");
+}
+
 TEST(DrawingSvg, Boxes_may_be_told_by_any_two_opposite_corners) {
   const std::string box = "<rect x=\"30\" y=\"40\" width=\"40\" height=\"20\" fill=\"#000000\"/>\n";
   EXPECT_EQ(Svg_Of(Drawn_Box({10, 10}, {30, 20}, 0)), box);

@@ -99,6 +99,22 @@ TEST_F(HostStatusWindows, A_slice_of_noise_is_told_on_the_graph) {
   EXPECT_EQ(text["font"]["name"], "Small Fonts");
 }
 
+// The boxes stay those of the sample; the scale is the long word's own.
+TEST_F(HostStatusWindows, The_graph_of_a_long_word_lies_over_that_of_the_sample) {
+  const Sound word = Tone(500_Hz, Amplitude(90), Bytes(20'000));
+  const std::string wave =
+      Put_Sound("long.wav", Silence(Bytes(9000)) + word + Silence(Bytes(271'000)));
+  Analyse(Environment,
+          {Read_Graph, R"({"id":2,"do":"peek","name":"Word_Start","index":1})",
+           R"({"id":3,"do":"peek","name":"Word_End","index":1})"},
+          {Let("Open_this_Wave_File", wave)});
+  const Json drawing = Value(1)["drawing"];
+  const double length = Value(3).get<double>() - Value(2).get<double>();
+  EXPECT_GE(length, 15'000);
+  EXPECT_NEAR(drawing["scale"][2].get<double>(), length / 25, 2);
+  EXPECT_EQ(drawing["operations"][0]["points"][0][0].get<double>(), Value(2).get<double>() / 25);
+}
+
 TEST_F(HostStatusWindows, The_graph_keeps_the_number_of_its_points_behind_the_run) {
   Analyse(Environment, {Read_Graph, R"({"id":2,"do":"peek","name":"Graph_Point_Count"})"});
   EXPECT_EQ(Value(1)["drawing"]["scale"][2].get<double>(), Value(2).get<double>());

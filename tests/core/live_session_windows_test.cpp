@@ -97,6 +97,26 @@ struct UndrawableGraph : WatchedRun {
   }
 };
 
+// The slices that are left come to the status window before they look at the stop.
+TEST(LiveSessionWindows, Stay_away_when_a_slice_that_fails_brings_the_session_to_rest) {
+  WatchedRun test;
+  test.session.settings.Always_Restart_on_Error = "NO";
+  test.session.settings.Sample_processing_resolution = 500;
+  int slices = 0;
+  test.events.At_Yield = [&] {
+    if (test.Is_On_Show("Graph") && ++slices == 2) Fail(Failure::Out_Of_Memory);
+  };
+  test.Listen();
+  EXPECT_EQ(test.session.trace.failures, std::vector<int>{7});
+  EXPECT_EQ(test.session.settings.Stop_everything_now, "YES");
+  EXPECT_EQ(test.Times_Shown("StatusBar"), 1);
+  EXPECT_TRUE(test.views.On_Show().empty());
+  test.events.At_Yield = nullptr;
+  Restart(*test.control);
+  test.Hear_Another_Word();
+  EXPECT_TRUE(test.Is_On_Show("StatusBar"));
+}
+
 TEST(LiveSessionWindows, A_graph_that_cannot_be_drawn_brings_the_session_to_rest) {
   UndrawableGraph test("NO");
   test.Listen();

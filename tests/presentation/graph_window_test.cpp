@@ -71,8 +71,8 @@ TEST_F(Graph, Does_not_come_on_show_by_a_text_and_loses_it_with_the_next_run) {
   EXPECT_EQ(On_Show("Graph")->Ground(), Audio_Graph_Drawing(session.words));
 }
 
-TEST_F(Graph, Stays_away_once_the_control_has_ended) {
-  session.flags.Control_Has_Ended = true;
+TEST_F(Graph, Stays_away_behind_the_end_of_a_session) {
+  session.flags.Windows_Stay_Away = true;
   operations.Draw_Audio_Graph(session);
   EXPECT_TRUE(views.shown.empty());
 }
@@ -82,6 +82,7 @@ TEST_F(Graph, Is_empty_after_a_failure_which_goes_out) {
   session.words.Probable_no_of_words_recognized = 9;
   EXPECT_EQ(Failure_Of([this] { operations.Draw_Audio_Graph(session); }), 9);
   EXPECT_EQ(Operations_Drawn(), 0U);
+  EXPECT_EQ(On_Show("Graph")->Ground().scale, (DrawingScale{0, 128, 4, -128}));
 }
 
 TEST_F(Graph, Goes_when_it_is_unloaded_also_when_it_was_never_shown) {

@@ -92,6 +92,19 @@ TEST_F(StatusWindow, Shows_the_file_that_is_named_for_either_state) {
   EXPECT_EQ(Image().picture, Bitmap_Bytes());
 }
 
+TEST_F(StatusWindow, Reads_a_file_only_when_it_comes_on_view) {
+  session.settings.Show_this_Image_for_Start = "ear.gif";
+  for (int times = 0; times < 5; ++times) Show(Listening);
+  EXPECT_EQ(riff_files.opens, 1);
+  Show(Busy);
+  Show(Listening);
+  EXPECT_EQ(riff_files.opens, 2);
+  Window().Click("Image1");
+  Show(Listening);
+  EXPECT_EQ(riff_files.opens, 3);
+  EXPECT_EQ(Image().picture, Gif_Bytes());
+}
+
 TEST_F(StatusWindow, Shows_its_own_picture_again_after_that_of_a_file) {
   session.settings.Show_this_Image_for_Start = "ear.gif";
   Show(Listening);
@@ -133,8 +146,8 @@ TEST_F(StatusWindow, Takes_its_picture_although_it_could_not_be_shown) {
   EXPECT_EQ(Image().picture, Bitmap_Bytes());
 }
 
-TEST_F(StatusWindow, Stays_away_once_the_control_has_ended) {
-  session.flags.Control_Has_Ended = true;
+TEST_F(StatusWindow, Stays_away_behind_the_end_of_a_session) {
+  session.flags.Windows_Stay_Away = true;
   Show(Busy);
   EXPECT_TRUE(views.shown.empty());
 }
