@@ -5,10 +5,6 @@
 //                                          the first one that is not in the Language Editor
 //   listening_host cost SECONDS            what the control takes of a core, at rest and listening
 //   listening_host close                   closes its window in the midst of a recording
-#include "platform/windows/windows_api.hpp"
-//
-#include <shellapi.h>
-
 #include <cstdio>
 #include <exception>
 #include <functional>
@@ -21,6 +17,7 @@
 #include "examples/control/late_binding.hpp"
 #include "platform/windows/text.hpp"
 #include "tests/hosts/atl_host.hpp"
+#include "tests/hosts/host_thread.hpp"
 #include "tests/support/editor_steps.hpp"
 #include "tests/windows/person.hpp"
 
@@ -29,35 +26,6 @@ namespace {
 
 using example::EventConnection;
 using example::LateBound;
-
-void Tell(const std::wstring& event, const std::wstring& argument) {
-  std::printf("%ls %ls\n", event.c_str(), argument.c_str());
-  std::fflush(stdout);
-}
-
-std::map<UINT_PTR, std::function<void()>>& Waiting() {
-  static std::map<UINT_PTR, std::function<void()>> actions;
-  return actions;
-}
-
-void CALLBACK Come_Due(HWND, UINT, UINT_PTR id, DWORD) {
-  KillTimer(nullptr, id);
-  const auto action = Waiting().extract(id);
-  if (action) action.mapped()();
-}
-
-// From the message loop that runs then: while the control records, that is its own.
-void Do_After(UINT milliseconds, std::function<void()> action) {
-  Waiting()[SetTimer(nullptr, 0, milliseconds, Come_Due)] = std::move(action);
-}
-
-// Without looking after it more often than messages come.
-void Wait_For(const bool& is_done) {
-  while (!is_done) {
-    MsgWaitForMultipleObjects(0, nullptr, FALSE, INFINITE, QS_ALLINPUT);
-    Handle_Messages();
-  }
-}
 
 using Settings = std::map<std::wstring, std::wstring>;
 
@@ -246,18 +214,4 @@ int Run(int count, wchar_t** arguments) {
 }  // namespace
 }  // namespace quillspeech::tests
 
-int main() {
-  int count = 0;
-  wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
-  OleInitialize(nullptr);
-  int status = 1;
-  try {
-    status = quillspeech::tests::Run(count, arguments);
-  } catch (const example::CallFailed& failure) {
-    std::printf("failed: %ls\n", failure.description.c_str());
-  } catch (const std::exception& failure) {
-    std::printf("failed: %s\n", failure.what());
-  }
-  OleUninitialize();
-  return status;
-}
+int main() { return quillspeech::tests::Run_Host(quillspeech::tests::Run); }

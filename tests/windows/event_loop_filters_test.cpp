@@ -9,7 +9,15 @@
 namespace quillspeech::tests {
 namespace {
 
-using MessageFilters = MessageLoop;
+struct MessageFilters : MessageLoop {
+  void Expect_Only_The_Other_To_Arrive() {
+    Post(Some_Message);
+    Post(Other_Message);
+    events.Run_Pending_Events();
+    EXPECT_EQ(window.Count(Some_Message), 0);
+    EXPECT_EQ(window.Count(Other_Message), 1);
+  }
+};
 
 // A host's hook that sees messages of such loops, and takes one of them.
 struct MessageHook {
@@ -28,20 +36,12 @@ struct MessageHook {
 
 TEST_F(MessageFilters, The_hosts_hook_is_asked_too) {
   const MessageHook hook;
-  Post(Some_Message);
-  Post(Other_Message);
-  events.Run_Pending_Events();
-  EXPECT_EQ(window.Count(Some_Message), 0);
-  EXPECT_EQ(window.Count(Other_Message), 1);
+  Expect_Only_The_Other_To_Arrive();
 }
 
 TEST_F(MessageFilters, A_filter_can_deal_with_a_message_before_its_window) {
   events.Add_Filter([](MSG& message) { return message.message == Some_Message; });
-  Post(Some_Message);
-  Post(Other_Message);
-  events.Run_Pending_Events();
-  EXPECT_EQ(window.Count(Some_Message), 0);
-  EXPECT_EQ(window.Count(Other_Message), 1);
+  Expect_Only_The_Other_To_Arrive();
 }
 
 TEST_F(MessageFilters, The_oldest_is_asked_first_and_the_first_that_takes_it_is_the_last_asked) {

@@ -2,6 +2,7 @@
 // Editor, by mouse and keyboard.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstring>
 #include <stdexcept>
@@ -13,6 +14,7 @@
 #include "tests/support/temporary_folder.hpp"
 #include "tests/windows/person.hpp"
 #include "tests/windows/screen_session.hpp"
+#include "tests/windows/thread_windows.hpp"
 
 namespace quillspeech::tests {
 namespace {
@@ -89,14 +91,11 @@ class Hands {
   // Of the windows that take input, the one with menus.
   HWND Window() const {
     return Await<HWND>([this] {
-      HWND found = nullptr;
-      const auto look = [](HWND window, LPARAM wanted) WINAPI -> BOOL {
-        if (!IsWindowVisible(window) || !IsWindowEnabled(window) || !GetMenu(window)) return TRUE;
-        *reinterpret_cast<HWND*>(wanted) = window;
-        return FALSE;
-      };
-      EnumThreadWindows(thread_, look, reinterpret_cast<LPARAM>(&found));
-      return found;
+      const std::vector<HWND> all = Windows_Of(thread_);
+      const auto found = std::ranges::find_if(all, [](HWND window) {
+        return IsWindowVisible(window) && IsWindowEnabled(window) && GetMenu(window);
+      });
+      return found == all.end() ? nullptr : *found;
     });
   }
 

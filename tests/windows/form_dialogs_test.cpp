@@ -10,6 +10,7 @@
 #include "platform/windows/dialogs.hpp"
 #include "tests/support/temporary_folder.hpp"
 #include "tests/windows/form_screen.hpp"
+#include "tests/windows/thread_windows.hpp"
 
 namespace quillspeech::tests {
 namespace {
@@ -32,25 +33,11 @@ struct FormDialogs : FormScreen, TemporaryFolder {
     return static_cast<int>(place.bottom - place.top);
   }
 
-  // The file dialog of this thread that is up; null without one.
-  static HWND File_Dialog() {
-    HWND found = nullptr;
-    const auto look = [](HWND window, LPARAM dialog) WINAPI -> BOOL {
-      wchar_t name[20] = {};
-      GetClassNameW(window, name, 20);
-      if (std::wstring(name) == L"#32770" && IsWindowVisible(window)) {
-        *reinterpret_cast<HWND*>(dialog) = window;
-      }
-      return TRUE;
-    };
-    EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&found));
-    return found;
-  }
   // Asks; when the dialog is up, `act` gets it and the field for the name, until it answers true.
   std::string File_Answer_To(const FileDialog& dialog, const std::function<bool(HWND, HWND)>& act) {
     bool is_done = false;
     const auto timer = loop.Make_Timer(std::chrono::milliseconds(50), [&] {
-      const HWND up = File_Dialog();
+      const HWND up = Dialog_That_Is_Up();
       if (up && !is_done) is_done = act(up, Name_Field(up));
     });
     timer->Enable(true);

@@ -1,4 +1,4 @@
-// Fields under a person's hands: carets, copying, and where the focus goes.
+// Fields under a person's hands: carets, copying and fonts.
 #include <gtest/gtest.h>
 
 #include "tests/windows/form_screen.hpp"
@@ -69,26 +69,6 @@ TEST_F(FormFields, A_text_to_read_that_comes_first_is_not_selected) {
     EXPECT_EQ(Text_Of(GetFocus()), "to look at");
     EXPECT_EQ(HIWORD(selection) - LOWORD(selection), is_to_read ? 0 : 10);
   }
-}
-
-TEST_F(FormFields, A_control_that_is_disabled_hands_the_focus_on) {
-  Form two("Form2", "Two", {3000, 2000});
-  for (const char* const name : {"Command1", "Command2", "Command3"}) {
-    FormControl button;
-    button.name = name;
-    button.text = name;
-    button.kind = FormControlKind::Button;
-    button.place = {100, 300 * (name[7] - '0'), 1000, 250};
-    two.Add(button);
-  }
-  two.Set_Enabled("Command2", false);
-  views.Show(two, Modality::None);
-  Run();
-  const HWND window = reinterpret_cast<HWND>(views.Window_Of(two));
-  SetFocus(Child_With_Text(window, "Command1"));
-  two.Set_Enabled("Command1", false);
-  EXPECT_EQ(GetFocus(), Child_With_Text(window, "Command3"));
-  EXPECT_EQ(two.Focused(), "Command3");
 }
 
 TEST_F(FormFields, A_minimised_window_that_is_shown_again_is_restored) {

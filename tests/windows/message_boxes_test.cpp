@@ -10,6 +10,7 @@
 
 #include "platform/windows/event_loop.hpp"
 #include "platform/windows/text.hpp"
+#include "tests/windows/thread_windows.hpp"
 
 namespace quillspeech::tests {
 namespace {
@@ -24,25 +25,11 @@ std::string Text_Of(HWND window) {
   return windows::Narrow(text);
 }
 
-// The box of this thread that is up, by its class of dialogs; null without one.
-HWND Box_That_Is_Up() {
-  HWND box = nullptr;
-  const auto look = [](HWND window, LPARAM found) __attribute__((stdcall))->BOOL {
-    wchar_t name[20] = {};
-    ::GetClassNameW(window, name, 20);
-    if (std::wstring(name) != L"#32770" || !::IsWindowVisible(window)) return TRUE;
-    *reinterpret_cast<HWND*>(found) = window;
-    return FALSE;
-  };
-  ::EnumThreadWindows(::GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&box));
-  return box;
-}
-
 struct SystemBoxes : testing::Test {
   // Shows the box, looks at it from a tick that comes while it is up, and presses the button.
   BoxAnswer Show_And_Press(MessageBoxes& shown, const MessageBox& box, WPARAM button) {
     const auto timer = events.Make_Timer(10ms, [&] {
-      const HWND up = Box_That_Is_Up();
+      const HWND up = Dialog_That_Is_Up();
       if (up == nullptr) return;
       title = Text_Of(up);
       texts.clear();
@@ -131,7 +118,7 @@ TEST_F(SystemBoxes, No_window_of_the_thread_takes_input_while_a_box_is_up) {
   ::SetActiveWindow(front.window);
   bool was_enabled = true;
   const auto look = events.Make_Timer(10ms, [&] {
-    if (!Box_That_Is_Up()) return;
+    if (!Dialog_That_Is_Up()) return;
     was_enabled = ::IsWindowEnabled(other.window) || ::IsWindowEnabled(front.window);
   });
   look->Enable(true);
@@ -149,7 +136,7 @@ TEST_F(SystemBoxes, What_was_active_is_so_again_behind_a_box_whose_window_has_go
   ::SetActiveWindow(front.window);
   MessageBoxes owned([&] { return below.window; });
   const auto hide = events.Make_Timer(10ms, [&] {
-    if (Box_That_Is_Up()) ::ShowWindow(below.window, SW_HIDE);
+    if (Dialog_That_Is_Up()) ::ShowWindow(below.window, SW_HIDE);
   });
   hide->Enable(true);
   Show_And_Press(owned, {"T", "text"}, IDOK);

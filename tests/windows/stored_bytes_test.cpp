@@ -75,25 +75,24 @@ TEST(StoredBytes, What_goes_through_in_parts_is_whole_in_the_end) {
   EXPECT_EQ(bytes, expected);
 }
 
-TEST(StoredBytes, A_write_torn_while_the_file_grows_leaves_it_as_it_was) {
+// A write of 50 bytes to a file of 100, on a device with room for so many.
+void Expect_Write_Without_A_Trace(std::size_t room, std::int64_t offset) {
   Device device(FileBytes(100, 1));
-  device.largest = 120;
-  EXPECT_EQ(Failure_Of_Write(device, 90, FileBytes(50, 9)), 61);
+  device.largest = room;
+  EXPECT_EQ(Failure_Of_Write(device, offset, FileBytes(50, 9)), 61);
   EXPECT_EQ(device.bytes, FileBytes(100, 1));
+}
+
+TEST(StoredBytes, A_write_torn_while_the_file_grows_leaves_it_as_it_was) {
+  Expect_Write_Without_A_Trace(120, 90);
 }
 
 TEST(StoredBytes, A_write_torn_within_the_file_puts_the_old_bytes_back) {
-  Device device(FileBytes(100, 1));
-  device.largest = 60;
-  EXPECT_EQ(Failure_Of_Write(device, 40, FileBytes(50, 9)), 61);
-  EXPECT_EQ(device.bytes, FileBytes(100, 1));
+  Expect_Write_Without_A_Trace(60, 40);
 }
 
 TEST(StoredBytes, A_write_that_cannot_begin_leaves_the_file_as_it_was) {
-  Device device(FileBytes(100, 1));
-  device.largest = 100;
-  EXPECT_EQ(Failure_Of_Write(device, 200, FileBytes(50, 9)), 61);
-  EXPECT_EQ(device.bytes, FileBytes(100, 1));
+  Expect_Write_Without_A_Trace(100, 200);
 }
 
 TEST(StoredBytes, A_write_that_does_nothing_and_says_nothing_is_a_full_disk) {

@@ -6,6 +6,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/windows/form_place.hpp"
 #include "platform/windows/text.hpp"
 
 namespace quillspeech::windows {
@@ -21,6 +22,25 @@ void Let_Go(FormWindow& window) {
   const auto error = static_cast<int>(GetLastError());
   Let_Go(window);
   throw std::system_error(error, std::system_category());
+}
+
+RECT Place_Of(HWND window) {
+  RECT place{};
+  GetWindowRect(window, &place);
+  return place;
+}
+
+// Forms that are not modal are there together: a new one leaves those that are up in sight.
+void Leave_In_Sight(HWND window, const auto& others) {
+  std::vector<RECT> taken;
+  for (const auto& [form, other] : others) {
+    const HWND up = other->Is_Shown() ? other->Window() : nullptr;
+    const bool is_child = (GetWindowLongPtrW(up, GWL_STYLE) & WS_CHILD) != 0;
+    if (up && !is_child && !IsIconic(up)) taken.push_back(Place_Of(up));
+  }
+  const RECT place = Place_Beside(Place_Of(window), taken);
+  SetWindowPos(window, nullptr, place.left, place.top, 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // Those that lie on their side are for vertical writing only.
@@ -78,13 +98,22 @@ HWND FormViews::Owner_For_New_Window() const {
   return Owner ? Owner() : nullptr;
 }
 
-// Forms that are not modal lie side by side: what ends one ends no other.
+// Forms that are not modal lie side by side: what ends one ends no other. So it is the last of the
+// windows that own each other, and one that shows: some programs have a hidden one behind them all.
 HWND FormViews::Owner_Of_Modeless() const {
+  HWND owner = nullptr;
   const HWND active = GetActiveWindow();
-  const HWND owner = active ? GetAncestor(active, GA_ROOTOWNER) : nullptr;
-  const bool is_ours = std::ranges::any_of(
-      windows_, [&](const auto& entry) { return entry.second->Window() == owner; });
-  if (owner && !is_ours) return owner;
+  HWND window = active ? GetAncestor(active, GA_ROOT) : nullptr;
+  for (; window; window = GetWindow(window, GW_OWNER)) {
+    const bool is_ours = std::ranges::any_of(
+        windows_, [&](const auto& entry) { return entry.second->Window() == window; });
+    if (is_ours) {
+      owner = nullptr;
+    } else if (IsWindowVisible(window)) {
+      owner = window;
+    }
+  }
+  if (owner) return owner;
   return Owner ? Owner() : nullptr;
 }
 
@@ -93,6 +122,7 @@ void FormViews::Make_Window(FormWindow& window, Modality modality) {
   if (!window.Make_Top(is_modal ? Owner_For_New_Window() : Owner_Of_Modeless(), is_modal)) {
     Give_Up(window);
   }
+  if (!is_modal) Leave_In_Sight(window.Window(), windows_);
   if (Window_Life) window.life = Window_Life();
 }
 

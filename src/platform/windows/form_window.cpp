@@ -182,6 +182,7 @@ void FormWindow::Repaint() {
 void FormWindow::Control_Changed(const FormControl& control, FormChange change) {
   FormControlWindow* const one = Control_Named(control.name);
   if (!one || !one->Window()) return;
+  const Stay stay(*this);
   switch (change) {
     case FormChange::Text:
       return one->Show_Text(control);
@@ -194,8 +195,11 @@ void FormWindow::Control_Changed(const FormControl& control, FormChange change) 
       RedrawWindow(one->Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
       return;
     case FormChange::Enabled:
-      return Enable_Control(*one, control.enabled);
+      Hand_Focus_On();
+      EnableWindow(one->Window(), control.enabled);
+      return;
     case FormChange::Visible:
+      Hand_Focus_On();
       ShowWindow(one->Window(), control.visible ? SW_SHOWNA : SW_HIDE);
       return;
     case FormChange::Place:

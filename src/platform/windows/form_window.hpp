@@ -127,7 +127,8 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   void Give_Focus();
   void Take_Focus_By_Click();
   void Leave_Focus();
-  void Enable_Control(const FormControlWindow& control, bool on);
+  void Hand_Focus_On();
+  HWND Next_By_Tab(HWND from) const;  // on which a person can act; null: there is none
   void Note_Focus(HWND now);
   void On_Window_Destroyed();
   std::optional<LRESULT> Handle_Key(FormControlWindow& control, UINT message, WPARAM key);

@@ -166,7 +166,7 @@ std::optional<LRESULT> FormWindow::Handle_Form_Key(UINT message, WPARAM key) {
   const auto character = Key_Of(key);
   if (!form_ || !character || is_inert_) return {};
   const bool is_taken = message == WM_SYSCHAR ? form_->Press_Mnemonic(static_cast<char>(*character))
-                                              : form_->Press_Key(*character);
+                                              : Press(*character);
   return is_taken ? std::optional<LRESULT>(0) : std::nullopt;
 }
 
@@ -174,14 +174,27 @@ bool FormWindow::Holds(HWND window) const {
   return window_ && window && (window == window_ || IsChild(window_, window));
 }
 
-// The control that had it last, or else the first that takes it.
+// The control that had it last, or else the next behind that which takes it.
 void FormWindow::Give_Focus() {
-  if (const FormControlWindow* const last = Control_Named(form_->Focused())) {
+  const FormControlWindow* const last = Control_Named(form_->Focused());
+  if (last && form_->Takes_Action(last->Name())) {
     SetFocus(last->Window());
     return;
   }
-  const HWND first = GetNextDlgTabItem(window_, nullptr, FALSE);
-  if (first && first != window_) Focus_And_Select(first);
+  HWND next = last ? Next_By_Tab(last->Window()) : nullptr;
+  if (!next) next = Next_By_Tab(nullptr);
+  if (next) Focus_And_Select(next);
+}
+
+// By the model: the windows of what has just been disabled or hidden are not so yet.
+HWND FormWindow::Next_By_Tab(HWND from) const {
+  for (std::size_t i = 0; i < controls_.size(); ++i) {
+    from = GetNextDlgTabItem(window_, from, FALSE);
+    const FormControlWindow* const next = Control_At(from);
+    if (!next) return nullptr;
+    if (form_->Takes_Action(next->Name())) return from;
+  }
+  return nullptr;
 }
 
 // A click on what takes no focus itself brings it to an embedded form all the same.
@@ -194,16 +207,10 @@ void FormWindow::Leave_Focus() {
   if (is_child_ && Holds(GetFocus())) SetFocus(GetParent(window_));
 }
 
-// The focus goes on from what takes no action any more to the next that does.
-void FormWindow::Enable_Control(const FormControlWindow& control, bool on) {
-  const Stay stay(*this);
-  const HWND window = control.Window();
-  const HWND now = GetFocus();
-  const bool leaves = !on && now && (now == window || IsChild(window, now));
-  EnableWindow(window, on);
-  if (!leaves || !window_) return;
-  const HWND next = GetNextDlgTabItem(window_, window, FALSE);
-  if (next && next != window && IsWindowEnabled(next)) SetFocus(next);
+// From what takes no action any more to the next that does, or to the form itself.
+void FormWindow::Hand_Focus_On() {
+  const FormControlWindow* const now = Control_At(GetFocus());
+  if (now && form_ && !form_->Takes_Action(now->Name())) SetFocus(window_);
 }
 
 void FormWindow::Note_Focus(HWND now) {

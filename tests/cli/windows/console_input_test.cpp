@@ -64,6 +64,12 @@ TEST_F(ConsoleInput, Lines_come_as_utf_8_whatever_the_code_page_until_one_begins
     Type(L"p\x0430\x00fc\x20ac\r");
     EXPECT_EQ(Heard(), "p\xd0\xb0\xc3\xbc\xe2\x82\xac\r\n") << code_page;
   }
+  // Longer than a read, which ends within a character.
+  const std::size_t before = 4'095;
+  Type(std::wstring(before, L'x') + L"\xd83d\xde00\r");
+  std::string all = Heard();
+  all += Heard();
+  EXPECT_EQ(all, std::string(before, 'x') + "\xf0\x9f\x98\x80\r\n");
   Type(L"\x001a\r");
   EXPECT_EQ(Heard(), "(end)");
 }
