@@ -22,7 +22,7 @@ RECT InPlaceWindow::Place_At(const RECT& position) const {
   return {position.left, position.top, position.left + size.cx, position.top + size.cy};
 }
 
-// The signals may end the window and themselves with it, so they hold on to whom they tell.
+// The signals may end the window and themselves with it: whom they tell is read before that.
 bool InPlaceWindow::Open(HWND parent, const RECT& position, ChildMode mode) {
   try {
     views_.Make_Child(face_, reinterpret_cast<std::intptr_t>(parent),
@@ -32,16 +32,14 @@ bool InPlaceWindow::Open(HWND parent, const RECT& position, ChildMode mode) {
   }
   if (!Is_Open()) return false;
   const auto got_focus = [listener = listener_](bool got) {
-    const auto held = listener;
-    if (*held) (*held)->On_Focus(got);
+    if (Listener* const told = *listener) told->On_Focus(got);
   };
   const auto paints = [listener = listener_] {
-    const auto held = listener;
-    if (*held) (*held)->On_Paint();
+    if (Listener* const told = *listener) told->On_Paint();
   };
   const auto takes_key = [listener = listener_](MSG& message) {
-    const auto held = listener;
-    return *held && (*held)->On_Key(message);
+    Listener* const told = *listener;
+    return told && told->On_Key(message);
   };
   views_.Set_Signals(face_, {got_focus, paints, takes_key});
   return true;

@@ -166,7 +166,7 @@ std::string Taken_Text(BSTR text) {
 }
 
 MemberValue Value_Of(const VARIANT& from, MemberType type) {
-  const MemberValue value = Untyped_Value(from, type);
+  MemberValue value = Untyped_Value(from, type);
   switch (type) {
     case MemberType::Text:
       return To_Text(value);

@@ -13,7 +13,6 @@ void Rearm_Capture(Session& session) {
 }
 
 void Unload_Windows(Session& session) {
-  session.flags.Windows_Stay_Away = true;
   session.operations.Unload_Graph(session);
   session.operations.Unload_StatusBar(session);
   session.operations.Unload_Database(session);
@@ -27,6 +26,7 @@ void Play_Stop_Cue(Session& session) {
 
 void Come_To_Rest(Session& session) {
   Flags& flags = session.flags;
+  flags.Windows_Stay_Away = true;
   Reset_Results(session);
   flags.Operation_Status = "Sleeping";
   session.settings.Stop_everything_now = "YES";

@@ -73,9 +73,9 @@ void End_Session(Session& session) {
   session.flags.Session_Started = 0;
   Reset_Results(session);
   session.flags.Operation_Status = "Sleeping";
+  session.flags.Windows_Stay_Away = true;
   Halt_Capture(session);
   session.data.Main_File_Number.Close();
-  session.flags.Windows_Stay_Away = true;
   const Operations& operations = session.operations;
   for (const auto& unload : {operations.Unload_Graph, operations.Unload_StatusBar,
                              operations.Unload_Database, operations.Unload_Help}) {

@@ -57,6 +57,9 @@ class Form {
   void Set_Default_Button(std::string_view button) { default_button_ = button; }  // Enter
   void Set_Cancel_Button(std::string_view button) { cancel_button_ = button; }    // Escape
   void Set_Back_Colour(FormColour colour) { back_colour_ = colour; }
+  // A window that only tells something: when it comes up without a modal wait it leaves the
+  // keyboard where it is, and the windows around it in sight.
+  void Set_Stands_Aside() { stands_aside_ = true; }
 
   // Reading it.
   const std::string& Name() const { return name_; }
@@ -64,6 +67,7 @@ class Form {
   FormSize Size() const { return size_; }
   bool Is_Enabled() const { return enabled_; }
   std::optional<FormColour> Back_Colour() const { return back_colour_; }
+  bool Stands_Aside() const { return stands_aside_; }
   const FormDrawing& Ground() const { return ground_; }  // what lies below the controls
   std::span<const FormControl> Controls() const { return controls_; }
   const FormControl* Find(std::string_view control) const;  // null: there is none
@@ -161,6 +165,7 @@ class Form {
   FormSize size_;
   bool enabled_ = true;
   bool loaded_ = false;
+  bool stands_aside_ = false;
   std::optional<FormColour> back_colour_;
   FormDrawing ground_;
   std::string default_button_;

@@ -68,8 +68,9 @@ struct FormControl {
   std::vector<std::int32_t> item_data;            // a number of the program's for each of them
   int index = -1;                                 // the chosen item, from 0; -1: none
   FormDrawing drawing;                            // pictures, images; buttons: above the caption
-  // The bytes of a picture file, stretched over the place of a picture or an image; empty: none. It
-  // stands in place of the drawing, which shows when a view can make nothing of the bytes.
+  // The bytes of a picture file, as large as its shape lets it be in the place of a picture or an
+  // image; empty: none. It stands instead of the drawing, which shows when a view can make nothing
+  // of the bytes.
   std::string picture;
 };
 

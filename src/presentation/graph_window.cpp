@@ -14,6 +14,7 @@ constexpr FormColour White = 0x00FFFFFF;
 
 GraphWindow::GraphWindow(Session& session) : session_(session), graph_("Graph", "", Graph_Size) {
   graph_.Set_Back_Colour(White);
+  graph_.Set_Stands_Aside();
   graph_.On(Form::Itself, FormEvent::Load, [this] {
     graph_.Set_Caption(Audio_Graph_Caption());
     graph_.Set_Ground({});

@@ -31,6 +31,7 @@ void Add_Image(Form& form, std::string_view name, FormDrawing drawing, bool is_v
 
 StatusBar::StatusBar(Session& session)
     : session_(session), window_("StatusBar", "Quillspeech", Window_Size) {
+  window_.Set_Stands_Aside();
   Add_Image(window_, On_View, {}, true);
   Add_Image(window_, Of_Busy, Busy_Picture(), false);
   Add_Image(window_, Of_Listening, Listening_Picture(), false);

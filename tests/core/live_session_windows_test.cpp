@@ -61,6 +61,18 @@ TEST(LiveSessionWindows, Go_with_a_control_that_ends_inside_the_analysis_and_sta
   EXPECT_TRUE(test.views.On_Show().empty());
 }
 
+// The recorder that is stopped then would show it as busy, for a moment.
+TEST(LiveSessionWindows, A_status_window_that_was_put_away_does_not_come_back_for_the_end) {
+  WatchedRun test;
+  test.Listen();
+  for (Form* const form : test.views.On_Show()) {
+    if (form->Name() == "StatusBar") form->Click("Image1");
+  }
+  const auto times = test.Times_Shown("StatusBar");
+  test.control->UserControl_Terminate();
+  EXPECT_EQ(test.Times_Shown("StatusBar"), times);
+}
+
 TEST(LiveSessionWindows, Come_up_again_with_the_next_control) {
   WatchedRun test;
   test.Listen();

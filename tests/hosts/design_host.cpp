@@ -2,7 +2,7 @@
 // prints what is heard and seen: design_host LANGUAGE ENGINE [FOLDER FOR PICTURES]
 //
 // Whether it is a design environment lies in the name of its file. It asks for two words ("speak"),
-// has a recording fail, stops, and lets go of the control.
+// has a recording fail, begins anew, stops, and lets go of the control.
 #include <atomic>
 #include <exception>
 #include <functional>
@@ -27,7 +27,7 @@ using example::EventConnection;
 using example::LateBound;
 
 // What the control's thread does for the one that looks on.
-enum class Wish { None, Failure, Stop, End };
+enum class Wish { None, Failure, Restart, Stop, End };
 
 // On a thread of its own.
 class Story {
@@ -88,6 +88,9 @@ class Story {
     person_.Answer({SessionBox::Kind::Message, "Quillspeech RECORDING ERROR(Rare)",
                     "Problems Starting Recording, Check Your Settings and Sound Card", "", "OK"});
     eyes_.Expect(L"neither after a failure", [&] { return Is_Nothing_Seen(); });
+    wish = Wish::Restart;
+    if (is_shown_) Expect_Listening();
+    Await([&] { return wish == Wish::None; });
     wish = Wish::Stop;
     Await([&] { return wish == Wish::None; });
     if (is_shown_) Expect_Busy();
@@ -125,10 +128,10 @@ void Begin(const LateBound& members, const std::wstring& language, const std::ws
   members.Call(L"Start_Real_Action");
 }
 
-// The next recording would have more samples than there are numbers for.
-void Fail(const LateBound& members) {
-  members.Set(L"Speech_sampling_time_in_ms", 60'000);
-  members.Set(L"Set_Recording_Frequency", 44'100);
+// The next recording has more samples than there are numbers for, or as many as ever.
+void Restart(const LateBound& members, bool is_to_fail) {
+  members.Set(L"Speech_sampling_time_in_ms", is_to_fail ? 60'000 : 20'000);
+  members.Set(L"Set_Recording_Frequency", is_to_fail ? 44'100 : 22'050);
   members.Call(L"Restart");
 }
 
@@ -137,7 +140,7 @@ void Grant_Wishes(const LateBound& members, Story& story, bool& is_done) {
   const Wish wish = story.wish.exchange(Wish::None);
   is_done = wish == Wish::End;
   if (is_done) return;
-  if (wish == Wish::Failure) Fail(members);
+  if (wish == Wish::Failure || wish == Wish::Restart) Restart(members, wish == Wish::Failure);
   if (wish == Wish::Stop) members.Call(L"Stop_Real_Action");
   Do_After(20, [&] { Grant_Wishes(members, story, is_done); });
 }

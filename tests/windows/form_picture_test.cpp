@@ -78,12 +78,19 @@ TEST_F(Drawings, Leave_the_device_as_it_was) {
   EXPECT_EQ(picture.At(0, 0), Green);  // the clipping is off
 }
 
-TEST_F(Drawings, A_picture_file_is_stretched_over_its_surface) {
+TEST_F(Drawings, A_picture_file_is_as_large_as_its_surface) {
   const windows::PictureFile file(Two_Dots());
   ASSERT_TRUE(file.Is_There());
   file.Paint(picture.Device(), {10, 10, 90, 50});
-  Expect_Rectangle(Extent(Red), {0, 0, 40, 40});
-  Expect_Rectangle(Extent(Blue), {40, 0, 80, 40});
+  Expect_Rectangle(Extent(Red), {0, 0, 40, Extent(Blue).bottom});
+  Expect_Rectangle(Extent(Blue), {40, 0, 80, Extent(Blue).bottom});
+  EXPECT_NEAR(Extent(Blue).bottom, 40, 1);  // files tell their size in rounded hundredths of a mm
+}
+
+TEST_F(Drawings, A_picture_file_keeps_its_shape_in_the_middle_of_its_surface) {
+  windows::PictureFile(Two_Dots()).Paint(picture.Device(), {10, 10, 50, 50});
+  Expect_Rectangle(Extent(Red), {0, 10, 20, 30});
+  Expect_Rectangle(Extent(Blue), {20, 10, 40, 30});
 }
 
 TEST_F(Drawings, Bytes_that_are_no_picture_paint_nothing) {

@@ -1,9 +1,13 @@
 #include "platform/windows/form_place.hpp"
 
+#include "platform/windows/form_layout.hpp"
 #include "tests/windows/form_screen.hpp"
 
 namespace quillspeech::tests {
 namespace {
+
+using windows::Height_Of;
+using windows::Width_Of;
 
 RECT Desktop() {
   RECT desktop{};
@@ -17,8 +21,9 @@ bool Have_Common_Points(const RECT& one, const RECT& other) {
 }
 
 void Expect_Place(const std::vector<RECT>& taken, const RECT& place, const RECT& wanted) {
-  const RECT found = windows::Place_Beside(place, taken);
-  EXPECT_TRUE(EqualRect(&found, &wanted)) << found.left << ", " << found.top;
+  const auto found = windows::Place_Beside(place, taken);
+  ASSERT_TRUE(found);
+  EXPECT_TRUE(EqualRect(&*found, &wanted)) << found->left << ", " << found->top;
 }
 
 TEST(FormPlace, Stays_where_nothing_lies) {
@@ -44,9 +49,8 @@ TEST(FormPlace, Is_beside_all_that_is_taken) {
                {400, 300, 500, 350});
 }
 
-TEST(FormPlace, Stays_where_there_is_no_room_beside) {
-  const RECT place{300, 300, 400, 350};
-  Expect_Place({Desktop()}, place, place);
+TEST(FormPlace, Is_nowhere_when_all_is_taken) {
+  EXPECT_FALSE(windows::Place_Beside({300, 300, 400, 350}, {Desktop()}));
 }
 
 struct FormsSideBySide : FormScreen {
@@ -66,6 +70,62 @@ TEST_F(FormsSideBySide, One_that_is_not_modal_leaves_the_one_that_is_up_in_sight
   EXPECT_FALSE(Have_Common_Points(Place(), Place_Of_Other()));
   const RECT after = Place();
   EXPECT_TRUE(EqualRect(&after, &before));
+}
+
+TEST_F(FormsSideBySide, One_that_is_not_modal_stays_in_the_middle_where_there_is_no_room) {
+  const RECT desk = Desktop();
+  const FormSize wide{15 * Width_Of(desk) * 3 / 4, 15 * Height_Of(desk) * 3 / 4};
+  form->Set_Size(wide);
+  other.Set_Size(wide);
+  Show();
+  views.Show(other, Modality::None);
+  Run();
+  EXPECT_TRUE(Have_Common_Points(Place(), Place_Of_Other()));
+}
+
+// A form that only tells something, beside a program in which a person works.
+struct FormAside : FormsSideBySide {
+  FormAside() {
+    other.Set_Stands_Aside();
+    SetForegroundWindow(host.Window());
+    SetActiveWindow(host.Window());
+  }
+  void Show_Other() {
+    views.Show(other, Modality::None);
+    Run();
+  }
+
+  HostWindow host;
+};
+
+TEST_F(FormAside, Leaves_the_keyboard_where_it_is) {
+  Show_Other();
+  EXPECT_TRUE(IsWindowVisible(reinterpret_cast<HWND>(views.Window_Of(other))));
+  EXPECT_EQ(GetActiveWindow(), host.Window());
+}
+
+TEST_F(FormAside, Leaves_the_program_in_sight) {
+  Show_Other();
+  EXPECT_FALSE(Have_Common_Points(Place_On_Screen(host.Window()), Place_Of_Other()));
+}
+
+TEST_F(FormAside, Lies_in_the_corner_where_the_program_fills_the_screen) {
+  const RECT all = Desktop();
+  MoveWindow(host.Window(), all.left, all.top, Width_Of(all), Height_Of(all), FALSE);
+  Show_Other();
+  EXPECT_EQ(Place_Of_Other().right, all.right);
+  EXPECT_EQ(Place_Of_Other().bottom, all.bottom);
+}
+
+TEST_F(FormAside, Takes_the_keyboard_all_the_same_when_it_is_modal) {
+  HWND active = nullptr;
+  Later([&] {
+    active = GetActiveWindow();
+    other.Unload();
+  });
+  views.Show(other, Modality::Modal);
+  EXPECT_NE(active, nullptr);
+  EXPECT_NE(active, host.Window());
 }
 
 TEST_F(FormsSideBySide, One_that_has_gone_leaves_its_place) {

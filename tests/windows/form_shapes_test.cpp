@@ -10,6 +10,11 @@ TEST_F(Drawings, A_box_lies_between_its_corners) {
   EXPECT_EQ(picture.Count(Red), 20 * 10);
 }
 
+TEST_F(Drawings, A_filled_box_shows_however_narrow_it_is) {
+  Paint({Drawn_Box({3, 1}, {3, 2}, Red)});
+  Expect_Rectangle(Extent(Red), {30, 10, 31, 20});
+}
+
 TEST_F(Drawings, Boxes_that_share_an_edge_meet_and_do_not_overlap) {
   Paint({Drawn_Box({0, 0}, {1.03, 4}, Red), Drawn_Box({1.03, 0}, {8, 4}, Blue)});
   EXPECT_EQ(picture.Count(Red), 10 * 40);

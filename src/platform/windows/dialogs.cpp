@@ -5,6 +5,7 @@
 #include <cderr.h>
 
 #include <algorithm>
+#include <cwchar>
 
 #include "platform/form_caption.hpp"
 #include "platform/windows/form_text.hpp"
@@ -128,7 +129,8 @@ std::string Dialogs::Ask_File(const FileDialog& dialog) {
   const auto time = views_.Modal_Time ? views_.Modal_Time() : nullptr;
   const BoxTime others(asked.hwndOwner);
   if (!Is_Answered(asked)) return {};
-  return Narrow(With_Extension(name.c_str(), Extension_Of(dialog.pattern)));
+  name.resize(std::wcslen(name.c_str()));
+  return Narrow(With_Extension(name, Extension_Of(dialog.pattern)));
 }
 
 }  // namespace quillspeech::windows

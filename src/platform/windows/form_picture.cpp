@@ -120,6 +120,7 @@ class Painter {
     ::Polygon(device_, places.data(), static_cast<int>(places.size()));
   }
 
+  // A filled one shows however narrow it is.
   void Box(const DrawingOperation& operation) {
     const POINT one = Place_Of(operation.points[0]);
     const POINT other = Place_Of(operation.points[1]);
@@ -127,7 +128,8 @@ class Painter {
                    std::max(one.y, other.y)};
     const DrawsWith filling(device_, Filling_For(operation));
     if (operation.is_filled) {
-      PatBlt(device_, box.left, box.top, Width_Of(box), Height_Of(box), PATCOPY);
+      PatBlt(device_, box.left, box.top, std::max<LONG>(1, Width_Of(box)),
+             std::max<LONG>(1, Height_Of(box)), PATCOPY);
       return;
     }
     const DrawsWith pen(device_, Pen_For(operation));
@@ -203,15 +205,18 @@ void Paint_Drawing(const FormDrawing& drawing, HDC device, const RECT& surface, 
   RestoreDC(device, saved);
 }
 
+RECT Place_In_Shape(double width, double height, const RECT& room) {
+  const double units = std::fmin(Width_Of(room) / width, Height_Of(room) / height);
+  const LONG across = Rounded(width * units);
+  const LONG down = Rounded(height * units);
+  const LONG left = room.left + (Width_Of(room) - across) / 2;
+  const LONG top = room.top + (Height_Of(room) - down) / 2;
+  return {left, top, left + across, top + down};
+}
+
 RECT Place_In_Shape(const FormDrawing& drawing, const RECT& room) {
-  const double across = std::fabs(drawing.scale.right - drawing.scale.left);
-  const double down = std::fabs(drawing.scale.bottom - drawing.scale.top);
-  const double units = std::fmin(Width_Of(room) / across, Height_Of(room) / down);
-  const LONG width = Rounded(across * units);
-  const LONG height = Rounded(down * units);
-  const LONG left = room.left + (Width_Of(room) - width) / 2;
-  const LONG top = room.top + (Height_Of(room) - height) / 2;
-  return {left, top, left + width, top + height};
+  return Place_In_Shape(std::fabs(drawing.scale.right - drawing.scale.left),
+                        std::fabs(drawing.scale.bottom - drawing.scale.top), room);
 }
 
 void PictureFile::Release::operator()(IPicture* picture) const { picture->Release(); }
@@ -229,6 +234,8 @@ PictureFile::PictureFile(std::string_view bytes) : bytes_(bytes) {
     GlobalFree(memory);
     return;
   }
+  // The memory may be larger than what was asked for, and would be read to its end.
+  stream->SetSize({.QuadPart = bytes.size()});
   void* loaded = nullptr;
   const HRESULT result =
       OleLoadPicture(stream, static_cast<LONG>(bytes.size()), FALSE, IID_IPicture, &loaded);
@@ -247,11 +254,13 @@ void PictureFile::Paint(HDC device, const RECT& surface) const {
   OLE_YSIZE_HIMETRIC height = 0;
   picture_->get_Width(&width);
   picture_->get_Height(&height);
+  if (width <= 0 || height <= 0) return;
+  const RECT place = Place_In_Shape(width, height, surface);
   const int saved = SaveDC(device);
   IntersectClipRect(device, surface.left, surface.top, surface.right, surface.bottom);
   SetStretchBltMode(device, COLORONCOLOR);
-  picture_->Render(device, surface.left, surface.top, Width_Of(surface), Height_Of(surface), 0,
-                   height, width, -height, &surface);
+  picture_->Render(device, place.left, place.top, Width_Of(place), Height_Of(place), 0, height,
+                   width, -height, &place);
   RestoreDC(device, saved);
 }
 

@@ -19,7 +19,9 @@ namespace quillspeech::windows {
 // the scale lies just outside.
 void Paint_Drawing(const FormDrawing& drawing, HDC device, const RECT& surface, FormFonts& fonts);
 
-// The largest place in the middle of the room in which the drawing keeps its shape.
+// The largest place in the middle of the room that is as wide for its height; both above 0.
+RECT Place_In_Shape(double width, double height, const RECT& room);
+// The same for a drawing's scale.
 RECT Place_In_Shape(const FormDrawing& drawing, const RECT& room);
 
 // The bytes of a picture file (BMP, ICO, WMF, EMF, GIF, JPEG), as the system understands them.
@@ -32,7 +34,7 @@ class PictureFile {
 
   bool Is_There() const { return picture_ != nullptr; }  // false: the bytes are no such file
   bool Is_Of(std::string_view bytes) const { return bytes_ == bytes; }
-  // Stretches it over the surface.
+  // In the middle of the surface, as large as its shape lets it be.
   void Paint(HDC device, const RECT& surface) const;
 
  private:

@@ -14,6 +14,12 @@ bool Is_Free(const RECT& place, const std::vector<RECT>& taken) {
   });
 }
 
+RECT Desktop() {
+  RECT desktop{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &desktop, 0);
+  return desktop;
+}
+
 bool Lies_Within(const RECT& place, const RECT& desktop) {
   RECT common{};
   return IntersectRect(&common, &place, &desktop) && EqualRect(&common, &place);
@@ -21,10 +27,9 @@ bool Lies_Within(const RECT& place, const RECT& desktop) {
 
 }  // namespace
 
-RECT Place_Beside(const RECT& place, const std::vector<RECT>& taken) {
+std::optional<RECT> Place_Beside(const RECT& place, const std::vector<RECT>& taken) {
   if (Is_Free(place, taken)) return place;
-  RECT desktop{};
-  SystemParametersInfoW(SPI_GETWORKAREA, 0, &desktop, 0);
+  const RECT desktop = Desktop();
   const LONG width = Width_Of(place);
   const LONG height = Height_Of(place);
   for (const RECT& other : taken) {
@@ -37,7 +42,13 @@ RECT Place_Beside(const RECT& place, const std::vector<RECT>& taken) {
       if (Lies_Within(there, desktop) && Is_Free(there, taken)) return there;
     }
   }
-  return place;
+  return {};
+}
+
+RECT Place_In_Corner(const RECT& place) {
+  const RECT desktop = Desktop();
+  return {desktop.right - Width_Of(place), desktop.bottom - Height_Of(place), desktop.right,
+          desktop.bottom};
 }
 
 }  // namespace quillspeech::windows

@@ -34,7 +34,9 @@ std::vector<std::wstring> TextMeasure::Lines(std::wstring_view text, int width) 
     const std::size_t end = std::min(text.find(L' '), text.size());
     const std::wstring word(text.substr(0, end));
     text.remove_prefix(std::min(end + 1, text.size()));
-    const std::wstring longer = line.empty() ? word : line + L' ' + word;
+    std::wstring longer = line;
+    if (!line.empty()) longer += L' ';
+    longer += word;
     if (!line.empty() && Width(longer) > width) {
       lines.push_back(line);
       line = word;

@@ -1,7 +1,6 @@
 #include "platform/windows/form_view.hpp"
 
 #include <algorithm>
-#include <ranges>
 #include <set>
 #include <system_error>
 #include <utility>
@@ -30,15 +29,20 @@ RECT Place_Of(HWND window) {
   return place;
 }
 
-// Forms that are not modal are there together: a new one leaves those that are up in sight.
-void Leave_In_Sight(HWND window, const auto& others) {
+// Forms that are not modal are there together: a new one leaves those that are up in sight, and one
+// that stands aside the program's window too.
+void Leave_In_Sight(const Form& form, HWND window, const auto& others) {
   std::vector<RECT> taken;
-  for (const auto& [form, other] : others) {
+  const HWND owner = GetWindow(window, GW_OWNER);
+  if (form.Stands_Aside() && owner && !IsIconic(owner)) taken.push_back(Place_Of(owner));
+  for (const auto& [model, other] : others) {
     const HWND up = other->Is_Shown() ? other->Window() : nullptr;
     const bool is_child = (GetWindowLongPtrW(up, GWL_STYLE) & WS_CHILD) != 0;
     if (up && !is_child && !IsIconic(up)) taken.push_back(Place_Of(up));
   }
-  const RECT place = Place_Beside(Place_Of(window), taken);
+  const RECT centred = Place_Of(window);
+  const RECT place = Place_Beside(centred, taken)
+                         .value_or(form.Stands_Aside() ? Place_In_Corner(centred) : centred);
   SetWindowPos(window, nullptr, place.left, place.top, 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -122,7 +126,7 @@ void FormViews::Make_Window(FormWindow& window, Modality modality) {
   if (!window.Make_Top(is_modal ? Owner_For_New_Window() : Owner_Of_Modeless(), is_modal)) {
     Give_Up(window);
   }
-  if (!is_modal) Leave_In_Sight(window.Window(), windows_);
+  if (!is_modal) Leave_In_Sight(*window.Model(), window.Window(), windows_);
   if (Window_Life) window.life = Window_Life();
 }
 
@@ -135,7 +139,7 @@ void FormViews::Show(Form& form, Modality modality) {
   if (!window->Window()) Make_Window(*window, modality);
   const bool is_modal = std::ranges::find(modal_, window.get()) != modal_.end();
   if (modality == Modality::Modal && !is_modal) return Run_Modally(window);
-  window->Show();
+  form.Stands_Aside() && !is_modal ? window->Show_Aside() : window->Show();
 }
 
 void FormViews::Run_Modally(const std::shared_ptr<FormWindow>& window) {
@@ -169,10 +173,10 @@ void FormViews::Wait_While_Shown(FormWindow& window) {
 
 // One that has been hidden is about to return only, and no box can lie before it.
 HWND FormViews::Modal_Window() const {
-  for (const FormWindow* const window : modal_ | std::views::reverse) {
-    if (window->Window() && window->Is_Shown()) return window->Window();
-  }
-  return nullptr;
+  const auto found = std::find_if(modal_.rbegin(), modal_.rend(), [](const FormWindow* window) {
+    return window->Window() && window->Is_Shown();
+  });
+  return found == modal_.rend() ? nullptr : (*found)->Window();
 }
 
 std::vector<std::string> FormViews::Font_Names() const {

@@ -144,6 +144,13 @@ void FormWindow::Show() {
   SetForegroundWindow(window_);
 }
 
+// What is active stays so.
+void FormWindow::Show_Aside() {
+  if (!window_) return;
+  is_shown_ = true;
+  ShowWindow(window_, IsIconic(window_) ? SW_SHOWNOACTIVATE : SW_SHOWNA);
+}
+
 // The others come back first, so that one of them, and no other program's, gets to the front.
 void FormWindow::Hide() {
   others_.Let_Go();

@@ -53,6 +53,7 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   bool Make_Child(HWND parent, const ChildPlace& place, ChildMode mode);
 
   void Show();
+  void Show_Aside();  // without the keyboard
   void Hide();
   // Keeps the thread's other windows from taking input until the form hides.
   void Disable_Others() { others_.Hold_All_But(window_); }

@@ -151,7 +151,8 @@ std::optional<LRESULT> FormWindow::Handle_Key(FormControlWindow& control, UINT m
   if (key == VK_TAB) return 0;
   const auto character = Key_Of(key);
   if (!character) return {};
-  const std::string name = control.Name();
+  // The control may go meanwhile, and its name with it.
+  const std::string name = control.Name();  // NOLINT(performance-unnecessary-copy-initialization)
   if (Is_Command(key) && (*form_)[name].read_only) return {};
   const bool is_taken = form_->Press_Key(name, *character);
   if (!form_) return 0;

@@ -11,9 +11,6 @@ namespace {
 // To the form's own window, once the system has done with the list of a combo box.
 constexpr UINT List_Has_Closed = WM_APP;
 
-}  // namespace
-namespace {
-
 bool Is_List(FormControlKind kind) {
   return kind == FormControlKind::ListBox || kind == FormControlKind::ComboBox;
 }
