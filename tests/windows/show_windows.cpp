@@ -36,12 +36,12 @@ class Gallery : public ScreenSession {
   Session answered{Ports{events, boxes, host, cues, shell, riff_files, wave_input, wave_output,
                          data_files, answers, views}};
 
-  // A picture of the window that is active a while after the show has begun. It closes then, and so
-  // does whatever it asks.
+  // A picture of the window that is in front a while after the show has begun. It closes then, and
+  // so does whatever it asks.
   void Show(const std::string& name, const std::function<void()>& show) {
     bool is_taken = false;
     const auto timer = events.Make_Timer(400ms, [&] {
-      const HWND window = GetForegroundWindow();
+      const HWND window = Front_Window();
       if (!window) return;
       if (!std::exchange(is_taken, true)) Save(window, name);
       PostMessageW(window, WM_CLOSE, 0, 0);
@@ -58,6 +58,19 @@ class Gallery : public ScreenSession {
   }
 
  private:
+  // The active one or, where what shows leaves the keyboard alone, the first that is visible.
+  static HWND Front_Window() {
+    HWND front = GetForegroundWindow();
+    const auto look = [](HWND window, LPARAM found) WINAPI -> BOOL {
+      if (!IsWindowVisible(window)) return TRUE;
+      *reinterpret_cast<HWND*>(found) = window;
+      return FALSE;
+    };
+    if (!front) {
+      EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&front));
+    }
+    return front;
+  }
   void Save(HWND window, const std::string& name) {
     RECT place{};
     GetWindowRect(window, &place);
