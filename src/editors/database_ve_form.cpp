@@ -10,7 +10,7 @@
 namespace quillspeech {
 namespace {
 
-constexpr FormSize DatabaseVE_Size{9900, 5670};
+constexpr FormSize DatabaseVE_Size{10500, 5670};
 constexpr FormSize DataDisplayVE_Size{6600, 855};
 
 constexpr FormColour Night_Blue = 0x400000;  // until a record is on display
@@ -21,24 +21,24 @@ constexpr std::string_view Move_Tip = "Displays data for next record";
 
 // In tab order: the half of the vocabulary, then that of the engine.
 constexpr auto Pieces = std::to_array<ControlPiece>({
-    {"Frame1", Frame, "", "Vocabulary", "", {120, 90, 6600, 5460}},
+    {"Frame1", Frame, "", "Vocabulary", "", {120, 90, 7200, 5460}},
     {"Command1", Button, "Frame1", "SAY Files", "Hit this to get  *.SAY", {150, 315, 1440, 345}},
     {"Command2", Button, "Frame1", "Clear", "", {1680, 315, 1440, 345}},
-    {"PreHit", Button, "Frame1", "< Previous", Move_Tip, {3480, 315, 1440, 345}},
-    {"NextHit", Button, "Frame1", "Next >", Move_Tip, {5010, 315, 1440, 345}},
+    {"PreHit", Button, "Frame1", "< Previous", Move_Tip, {4080, 315, 1440, 345}},
+    {"NextHit", Button, "Frame1", "Next >", Move_Tip, {5610, 315, 1440, 345}},
     {"Label4", Label, "Frame1", "Vyanjana :", "", {150, 855, 960, 240}},
     {"Text1", TextBox, "Frame1", "", "Displays the file entry", {1140, 810, 1950, 315}},
     {"Label1", Label, "Frame1", "Engine Category for this record:", "", {3240, 855, 2640, 240}},
     {"Label3", Label, "Frame1", "", "", {5910, 855, 540, 240}},
-    {"Picture1", Picture, "Frame1", "", "", {150, 1245, 6300, 3780}},
+    {"Picture1", Picture, "Frame1", "", "", {150, 1245, 6900, 3780}},
     {"Label2",
      Label,
      "Frame1",
      "Across : values 0 to 128        Up : their numbers 0 to 50",
      "",
-     {150, 5100, 6300, 240}},
+     {150, 5100, 6900, 240}},
 
-    {"Frame2", Frame, "", "Engine", "", {6840, 90, 2940, 5460}},
+    {"Frame2", Frame, "", "Engine", "", {7440, 90, 2940, 5460}},
     {"Command3",
      Button,
      "Frame2",
