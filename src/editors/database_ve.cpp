@@ -4,6 +4,7 @@
 #include "editors/engine_editor.hpp"
 #include "editors/shown_text.hpp"
 #include "editors/vocabulary_editor.hpp"
+#include "session/failure_trap.hpp"
 
 namespace quillspeech {
 
@@ -43,9 +44,16 @@ void VocabularyAndEngineEditor::Load() {
   database_ve_->Load();
 }
 
+// What goes on is the first failure, also when the notice fails behind it.
 void VocabularyAndEngineEditor::Show(bool modally) {
   Load();
-  session.ports.views.Show(*database_ve_, modally ? Modality::Modal : Modality::None);
+  FormViews& views = session.ports.views;
+  try {
+    views.Show(*database_ve_, modally ? Modality::Modal : Modality::None);
+  } catch (...) {
+    if (!views.Is_Shown(*database_ve_)) Run_Silently_Trapped(session, [this] { Unload(); });
+    throw;
+  }
 }
 
 void VocabularyAndEngineEditor::Unload() {

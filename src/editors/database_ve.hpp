@@ -32,8 +32,9 @@ class VocabularyAndEngineEditor {
   VocabularyAndEngineEditor(const VocabularyAndEngineEditor&) = delete;
   VocabularyAndEngineEditor& operator=(const VocabularyAndEngineEditor&) = delete;
 
-  // The window's life. A window that is loaded stays as it is. When it goes it closes the file that
-  // either half has opened, unloads the list, and shows the notice of upgrades to come.
+  // The window's life. A window that is loaded stays as it is; one that a failure takes off the
+  // screen is unloaded. When it goes it closes the file that either half has opened, unloads the
+  // list, and shows the notice of upgrades to come.
   void Load();
   void Show(bool modally);
   void Unload();  // nothing when it is not loaded

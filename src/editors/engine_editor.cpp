@@ -120,7 +120,8 @@ Checked16 Pass_Value_In(const std::string& answer) {
 
 // The caption shows the answer even when its value then does not fit.
 void Take_Pass_Value(VocabularyAndEngineEditor& editor, const std::string& answer) {
-  editor.DatabaseVE().Set_Menu_Caption("mnuEFCT", std::string(Pass_Value_Prompt) + "..." + answer);
+  editor.DatabaseVE().Set_Menu_Caption(
+      "mnuEFCT", std::string(Pass_Value_Prompt) + "..." + As_Caption(Shown(answer)));
   editor.session.settings.Filter_Pass_Value = Pass_Value_In(answer);
 }
 

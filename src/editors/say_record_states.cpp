@@ -27,6 +27,31 @@ void Erase_Ratings(SayRecord& record) {
   for (int i = 1; i <= SayRecord::Most_Likes; ++i) record.LikeRatings(i, 0);
 }
 
+void Copy_Words(const SayRecord& from, SayRecord& to) {
+  for (int i = 1; i <= from.WordCount(); ++i) {
+    to.Words(i, from.Words(i));
+    to.WordRatings(i, from.WordRatings(i));
+  }
+  to.WordCount(from.WordCount());
+}
+
+void Copy_Patterns(const SayRecord& from, SayRecord& to) {
+  for (int i = 1; i <= from.LikeCount(); ++i) {
+    to.LikeProtocols(i, from.LikeProtocols(i));
+    to.LikeRatings(i, from.LikeRatings(i));
+  }
+  to.LikeCount(from.LikeCount());
+}
+
+void Copy_Differentiators(const SayRecord& from, SayRecord& to) {
+  for (int i = 1; i <= from.DifferentiatorCount(); ++i) {
+    to.SlotNumbers(i, from.SlotNumbers(i));
+    to.EngineCodes(i, from.EngineCodes(i));
+    to.EngineCodeWeights(i, from.EngineCodeWeights(i));
+  }
+  to.DifferentiatorCount(from.DifferentiatorCount());
+}
+
 }  // namespace
 
 void Make_Deleted(SayRecord& record) {
@@ -45,26 +70,16 @@ void Make_New(SayRecord& record, std::int32_t number) {
   record.RecordNo(number);
 }
 
+// A count that fails leaves no half of a copy.
 void Copy_Contents(const SayRecord& from, SayRecord& to) {
-  for (int i = 1; i <= from.WordCount(); ++i) {
-    to.Words(i, from.Words(i));
-    to.WordRatings(i, from.WordRatings(i));
-  }
-  to.WordCount(from.WordCount());
-  to.WordFont(from.WordFont());
-  to.DivisionCount(from.DivisionCount());
-  to.DivisionByteLength(from.DivisionByteLength());
-  for (int i = 1; i <= from.LikeCount(); ++i) {
-    to.LikeProtocols(i, from.LikeProtocols(i));
-    to.LikeRatings(i, from.LikeRatings(i));
-  }
-  to.LikeCount(from.LikeCount());
-  for (int i = 1; i <= from.DifferentiatorCount(); ++i) {
-    to.SlotNumbers(i, from.SlotNumbers(i));
-    to.EngineCodes(i, from.EngineCodes(i));
-    to.EngineCodeWeights(i, from.EngineCodeWeights(i));
-  }
-  to.DifferentiatorCount(from.DifferentiatorCount());
+  SayRecord copy = to;
+  Copy_Words(from, copy);
+  Copy_Patterns(from, copy);
+  Copy_Differentiators(from, copy);
+  copy.WordFont(from.WordFont());
+  copy.DivisionCount(from.DivisionCount());
+  copy.DivisionByteLength(from.DivisionByteLength());
+  to = copy;
 }
 
 }  // namespace quillspeech

@@ -17,7 +17,7 @@ void Make_Deleted(datafiles::SayRecord& record);
 
 // Gives `to` the entries that `from` counts, with the counts, the font and the divisions. What
 // lies above the counts stays, and so do the number and the texts of the file. A count above its
-// array is failure 9.
+// array is failure 9, and `to` stays as it was.
 void Copy_Contents(const datafiles::SayRecord& from, datafiles::SayRecord& to);
 
 }  // namespace quillspeech

@@ -6,8 +6,10 @@
 
 namespace quillspeech {
 
-// Makes the attempt until it succeeds, with that pause between two of them, and once at the end of
-// the limit at the latest: no limit is one attempt. Tells whether it has succeeded.
+// Makes the attempt until it succeeds, and tells whether it has. The limit counts from the end of
+// the first attempt. As long as it has not passed, a whole pause and another attempt follow:
+// without a success the last attempt ends after the limit, by no more than a pause and its own
+// time. A limit of 0 or less is one attempt.
 template <class Attempt>
 bool Try_For(std::chrono::milliseconds limit, std::chrono::microseconds pause, Attempt attempt) {
   if (attempt()) return true;

@@ -225,14 +225,22 @@ void Form::Load() {
   Raise(Itself, FormEvent::Load);
 }
 
+// The view goes also when the handler fails: a form that is not loaded takes no further close.
 void Form::Unload() {
   if (!loaded_) return;
   loaded_ = false;
-  const std::weak_ptr<const void> life = life_;
-  Raise(Itself, FormEvent::Unload);
-  if (life.expired() || loaded_) return;
-  focused_.clear();
-  if (FormView* const view = std::exchange(view_, nullptr)) view->Form_Gone();
+  const auto leave_view = [this, life = Life()] {
+    if (life.expired() || loaded_) return;
+    focused_.clear();
+    if (FormView* const view = std::exchange(view_, nullptr)) view->Form_Gone();
+  };
+  try {
+    Raise(Itself, FormEvent::Unload);
+  } catch (...) {
+    leave_view();
+    throw;
+  }
+  leave_view();
 }
 
 std::optional<char> Mnemonic_Of(std::string_view caption) {

@@ -1,60 +1,9 @@
 // Engine and vocabulary files edited through a scripted host, down to their bytes on the disk.
-#include <cstring>
-
 #include "tests/cli/host_fixture.hpp"
+#include "tests/support/data_file_bytes.hpp"
 
 namespace quillspeech::tests {
 namespace {
-
-using Bytes_On_Disk = std::vector<std::uint8_t>;
-
-void Add_Number(Bytes_On_Disk& bytes, std::uint64_t number, int width) {
-  for (int i = 0; i < width; ++i) bytes.push_back(static_cast<std::uint8_t>(number >> (8 * i)));
-}
-
-void Add_Text(Bytes_On_Disk& bytes, const std::string& text, std::size_t width) {
-  for (std::size_t i = 0; i < width; ++i) {
-    bytes.push_back(static_cast<std::uint8_t>(i < text.size() ? text[i] : ' '));
-  }
-}
-
-void Add_Real(Bytes_On_Disk& bytes, double value) {
-  std::uint64_t bits = 0;
-  std::memcpy(&bits, &value, sizeof bits);
-  Add_Number(bytes, bits, 8);
-}
-
-// 2,024 bytes: the number of the record and the texts of the categories 0 to 100.
-Bytes_On_Disk Engine_Record_Bytes(std::uint32_t number, const Groups& groups) {
-  Bytes_On_Disk bytes;
-  Add_Number(bytes, number, 4);
-  for (int category = 0; category <= 100; ++category) {
-    std::string text;
-    for (const auto& [at, letters] : groups) {
-      if (at == category) text = letters;
-    }
-    Add_Text(bytes, text, 20);
-  }
-  return bytes;
-}
-
-// 9,634 bytes: the number, the name, the values 0 to 1,200 and how many of them are in use.
-Bytes_On_Disk Vocabulary_Record_Bytes(std::uint32_t number, const std::string& name,
-                                      std::vector<double> values, std::uint16_t count) {
-  values.resize(1201);
-  Bytes_On_Disk bytes;
-  Add_Number(bytes, number, 4);
-  Add_Text(bytes, name, 20);
-  for (const double value : values) Add_Real(bytes, value);
-  Add_Number(bytes, count, 2);
-  return bytes;
-}
-
-Bytes_On_Disk Joined(const std::vector<Bytes_On_Disk>& records) {
-  Bytes_On_Disk file;
-  for (const Bytes_On_Disk& record : records) file.insert(file.end(), record.begin(), record.end());
-  return file;
-}
 
 class HostDataEditors : public HostTest {
  protected:
@@ -157,7 +106,7 @@ class HostVocabularyEditor : public HostDataEditors {
 };
 
 TEST_F(HostVocabularyEditor, Moves_and_lists_leave_every_byte) {
-  const Bytes_On_Disk before = Content("curves.SAY");
+  const FileBytes before = Content("curves.SAY");
   Edit({Answer({file, "2", "rise"}), Click("Command1"), Click("NextHit"), Click("NextHit"),
         Menu("mnuPrevious"), Menu("mnuView"), Menu("VC"), Menu("mnuNumber"), Menu("mnuFindName"),
         Click("Command2"), Menu("mnuCopy")});

@@ -141,6 +141,65 @@ TEST_F(DatabaseVE, Closing_it_leaves_the_file_of_the_Language_Editor_open) {
   EXPECT_TRUE(session.data.Main_File_Number.Is_Open());
 }
 
+TEST_F(DatabaseVE, A_close_whose_notice_fails_leaves_no_window_and_no_file) {
+  session.operations.Show_ComingSplash = [](Session&) { Fail(Failure::Overflow); };
+  for (const bool modally : {false, true}) {
+    const auto close = [&](Form& window) {
+      dialogs.files = {"my.EGN"};
+      window.Click("Command3");
+      EXPECT_EQ(data_files.open_files, 1);
+      window.Close();
+    };
+    if (modally) views.actions = {close};
+    EXPECT_EQ(Failure_Of([&] {
+                editor.Show(modally);
+                close(Window());
+              }),
+              6);
+    EXPECT_FALSE(editor.Is_Loaded()) << modally;
+    EXPECT_TRUE(views.On_Show().empty()) << modally;
+    EXPECT_EQ(data_files.open_files, 0) << modally;
+  }
+}
+
+TEST_F(DatabaseVE, A_failure_while_it_shows_closes_it_and_its_file_and_goes_on) {
+  views.actions = {[this](Form& window) {
+    dialogs.files = {"my.EGN"};
+    window.Click("Command3");
+    Fail(Failure::Division_By_Zero);
+  }};
+  EXPECT_EQ(Failure_Of([&] { editor.Show(true); }), 11);
+  EXPECT_FALSE(editor.Is_Loaded());
+  EXPECT_EQ(data_files.open_files, 0);
+  EXPECT_EQ(notices, 1);
+}
+
+TEST_F(DatabaseVE, After_a_failure_it_opens_anew) {
+  views.actions = {[](Form&) { Fail(Failure::Overflow); }};
+  EXPECT_EQ(Failure_Of([&] { editor.Show(true); }), 6);
+  session.filter.Engine_Table[0] = "new";
+  session.settings.Filter_Pass_Value = 12;
+  editor.Show(false);
+  EXPECT_EQ(Window().Menu("mnu02(1)").caption, "new");
+  EXPECT_EQ(Window().Menu("mnuEFCT").caption, "Engine Filter Pass Criteria  : 12");
+}
+
+TEST_F(DatabaseVE, The_failure_that_ends_it_goes_on_when_the_notice_fails_too) {
+  session.operations.Show_ComingSplash = [](Session&) { Fail(Failure::Overflow); };
+  views.actions = {[](Form&) { Fail(Failure::Division_By_Zero); }};
+  EXPECT_EQ(Failure_Of([&] { editor.Show(true); }), 11);
+  EXPECT_EQ(session.trace.Last_Failure, 6);
+}
+
+TEST_F(DatabaseVE, A_window_on_show_stays_when_a_further_showing_fails) {
+  editor.Show(false);
+  views.At_Showing = [](const Form&, bool, Modality) { Fail(Failure::Overflow); };
+  EXPECT_EQ(Failure_Of([&] { editor.Show(true); }), 6);
+  views.At_Showing = nullptr;
+  EXPECT_TRUE(editor.Is_Loaded());
+  EXPECT_EQ(notices, 0);
+}
+
 TEST_F(DatabaseVE, A_file_of_one_half_is_none_for_the_other) {
   editor.Load();
   dialogs.files = {"my.EGN"};

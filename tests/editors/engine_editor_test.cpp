@@ -1,6 +1,7 @@
 // The running table in the menus, its entries, and the filter's pass value.
 #include "editors/engine_editor.hpp"
 
+#include "platform/form_caption.hpp"
 #include "recognition/engine_table.hpp"
 #include "tests/editors/engine_editor_fixture.hpp"
 #include "tests/support/failures.hpp"
@@ -129,6 +130,7 @@ TEST_F(EngineEntries, The_default_engine_reaches_the_file_by_a_save_only) {
 struct FilterPassValue : EngineEditorTest {
   static constexpr auto Prompt = "Please enter the engine input filter's( category ) pass criteria";
   std::int64_t Value() { return session.settings.Filter_Pass_Value; }
+  std::string Shown_In_Menu() { return Text_Of_Caption(Caption("mnuEFCT")); }
   struct Answered {
     const char* answer;
     int value;
@@ -138,7 +140,7 @@ struct FilterPassValue : EngineEditorTest {
     session.settings.Filter_Pass_Value = 99;
     Ask_By(button, by.answer);
     EXPECT_EQ(Value(), by.value) << by.answer << button;
-    EXPECT_EQ(Caption("mnuEFCT"), std::string(Prompt) + "..." + by.answer);
+    EXPECT_EQ(Shown_In_Menu(), std::string(Prompt) + "..." + by.answer);
     EXPECT_TRUE(boxes.shown.empty());
   }
   void Ask_By(bool button, const std::string& answer) {
@@ -200,9 +202,17 @@ TEST_F(FilterPassValue, One_that_16_bits_do_not_hold_fails_and_leaves_the_old_on
     for (const bool button : {true, false}) {
       EXPECT_EQ(Failure_Of([&] { Ask_By(button, answer); }), 6) << answer << button;
       EXPECT_EQ(Value(), 1) << answer << button;
-      EXPECT_EQ(Caption("mnuEFCT"), std::string(Prompt) + "..." + answer);
+      EXPECT_EQ(Shown_In_Menu(), std::string(Prompt) + "..." + answer);
     }
   }
+}
+
+TEST_F(FilterPassValue, An_ampersand_in_the_answer_shows_as_one_and_marks_no_letter) {
+  Ask_By(false, "5&6");
+  EXPECT_EQ(Caption("mnuEFCT"), std::string(Prompt) + "...5&&6");
+  Ask_By(true, "&H10");
+  EXPECT_EQ(Caption("mnuEFCT"), std::string(Prompt) + "...&&H10");
+  EXPECT_EQ(Value(), 16);
 }
 
 TEST_F(FilterPassValue, The_menu_fails_with_a_number_that_no_real_holds_and_the_button_refuses_it) {

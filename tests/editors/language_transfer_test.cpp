@@ -1,5 +1,7 @@
 #include "editors/language_transfer.hpp"
 
+#include <algorithm>
+
 #include "tests/editors/language_editor_fixture.hpp"
 
 namespace quillspeech::tests {
@@ -119,6 +121,23 @@ TEST_F(LanguageTransfer, Cut_copies_the_record_and_blanks_it_without_a_question)
   EXPECT_TRUE(Lines("Combo5").empty());
   Choose("mnuSpaste");
   EXPECT_EQ(Word_On_Disk(), "one");
+}
+
+TEST_F(LanguageTransfer, Copy_and_Cut_of_a_damaged_record_keep_the_copy_before_and_the_record) {
+  for (const auto command : {"mnuSCopy", "mnuSCut"}) {
+    Open({Record().Word("kept", 1).Pattern("k*", 2), Record().Word("bad", 3).Pattern("b*", 4)});
+    Choose("mnuSCopy");
+    const datafiles::SayRecord before = editor.Record_Memory;
+    Choose("mnuNext");
+    const std::vector<std::uint8_t> file = data_files.files.at(File);
+    editor.Record().DifferentiatorCount(51);
+    Choose(command);
+    EXPECT_EQ(session.trace.Last_Failure, 9) << command;
+    EXPECT_TRUE(std::ranges::equal(editor.Record_Memory.Bytes(), before.Bytes())) << command;
+    EXPECT_EQ(data_files.files.at(File), file) << command;
+    session.trace.Last_Failure = 0;
+    editor.Unload();
+  }
 }
 
 TEST_F(LanguageTransfer, Delete_asks_first) {

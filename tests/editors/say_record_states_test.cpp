@@ -89,14 +89,15 @@ TEST(SayRecordStates, Copying_leaves_what_lies_above_the_counts_and_the_texts_of
   EXPECT_EQ(to.EngineCodes(1), std::string(20, 'x'));
 }
 
-TEST(SayRecordStates, Copying_from_counts_above_the_arrays_fails) {
+TEST(SayRecordStates, Copying_from_counts_above_the_arrays_fails_and_copies_nothing) {
   for (const auto damage : {+[](SayRecord& record) { record.WordCount(101); },
                             +[](SayRecord& record) { record.LikeCount(31); },
                             +[](SayRecord& record) { record.DifferentiatorCount(51); }}) {
-    SayRecord from = Record().Fields();
+    SayRecord from = Record().Word("new").Pattern("n*").Differentiator("n", 1, 2).Fields();
     damage(from);
-    SayRecord to;
+    SayRecord to = Used_Record();
     EXPECT_EQ(Failure_Of([&] { Copy_Contents(from, to); }), 9);
+    EXPECT_TRUE(std::ranges::equal(to.Bytes(), Used_Record().Bytes()));
   }
 }
 

@@ -384,6 +384,35 @@ TEST_F(FormViewing, The_view_ends_with_the_unloading_after_the_handler) {
   EXPECT_EQ(form->View(), nullptr);
 }
 
+TEST_F(FormViewing, The_view_ends_with_an_unloading_that_fails) {
+  form->On(Form::Itself, FormEvent::Unload, [] { Fail(Failure::Overflow); });
+  form->Load();
+  EXPECT_EQ(Failure_Of([this] { form->Unload(); }), 6);
+  EXPECT_EQ(view.gone, 1);
+  EXPECT_EQ(form->View(), nullptr);
+}
+
+TEST_F(FormViewing, The_view_stays_with_a_form_that_a_failing_Unload_has_loaded_again) {
+  form->On(Form::Itself, FormEvent::Unload, [this] {
+    form->Load();
+    Fail(Failure::Overflow);
+  });
+  form->Load();
+  EXPECT_EQ(Failure_Of([this] { form->Unload(); }), 6);
+  EXPECT_EQ(view.gone, 0);
+  EXPECT_EQ(form->View(), &view);
+}
+
+TEST_F(FormViewing, A_failing_Unload_may_destroy_the_form) {
+  form->On(Form::Itself, FormEvent::Unload, [this] {
+    form.reset();
+    Fail(Failure::Overflow);
+  });
+  form->Load();
+  EXPECT_EQ(Failure_Of([this] { form->Unload(); }), 6);
+  EXPECT_EQ(view.gone, 1);
+}
+
 TEST_F(FormViewing, The_view_ends_with_the_form) {
   form.reset();
   EXPECT_EQ(view.gone, 1);

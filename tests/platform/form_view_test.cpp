@@ -85,6 +85,23 @@ TEST_F(HeadlessForms, A_failure_while_a_modal_form_shows_hides_it_and_goes_out) 
   EXPECT_TRUE(form->Is_Loaded());
 }
 
+TEST_F(HeadlessForms, A_form_whose_Unload_fails_leaves_the_screen_all_the_same) {
+  form->On(Form::Itself, FormEvent::Unload, [] { Fail(Failure::Overflow); });
+  views.Show(*form, Modality::None);
+  EXPECT_EQ(Failure_Of([this] { form->Close(); }), 6);
+  EXPECT_FALSE(form->Is_Loaded());
+  EXPECT_FALSE(views.Is_Shown(*form));
+  EXPECT_EQ(views.Window_Of(*form), 0);
+}
+
+TEST_F(HeadlessForms, A_modal_show_ends_with_the_failure_of_its_forms_Unload) {
+  form->On(Form::Itself, FormEvent::Unload, [] { Fail(Failure::Overflow); });
+  views.actions = {[](Form& shown) { shown.Close(); }};
+  EXPECT_EQ(Failure_Of([this] { views.Show(*form, Modality::Modal); }), 6);
+  EXPECT_TRUE(views.On_Show().empty());
+  EXPECT_EQ(views.Window_Of(*form), 0);
+}
+
 TEST_F(HeadlessForms, A_modal_form_keeps_people_from_what_lies_behind_it) {
   views.Show(other, Modality::None);
   EXPECT_EQ(views.Blocker_Of(), nullptr);

@@ -4,13 +4,13 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cstring>
 #include <stdexcept>
 #include <thread>
 
 #include "core/operations.hpp"
 #include "platform/windows/data_file.hpp"
 #include "platform/windows/text.hpp"
+#include "tests/support/data_file_bytes.hpp"
 #include "tests/support/temporary_folder.hpp"
 #include "tests/windows/person.hpp"
 #include "tests/windows/screen_session.hpp"
@@ -18,32 +18,6 @@
 
 namespace quillspeech::tests {
 namespace {
-
-using FileBytes = std::vector<std::uint8_t>;
-
-void Add_Number(FileBytes& bytes, std::uint64_t number, int width) {
-  for (int i = 0; i < width; ++i) bytes.push_back(static_cast<std::uint8_t>(number >> (8 * i)));
-}
-
-void Add_Text(FileBytes& bytes, const std::string& text) {
-  constexpr std::size_t Width = 20;
-  for (std::size_t i = 0; i < Width; ++i) {
-    bytes.push_back(static_cast<std::uint8_t>(i < text.size() ? text[i] : ' '));
-  }
-}
-
-void Add_Curve(FileBytes& bytes, std::uint32_t number, const std::string& name,
-               std::vector<double> values, std::uint16_t count) {
-  values.resize(1201);
-  Add_Number(bytes, number, 4);
-  Add_Text(bytes, name);
-  for (const double value : values) {
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &value, sizeof bits);
-    Add_Number(bytes, bits, 8);
-  }
-  Add_Number(bytes, count, 2);
-}
 
 // The person's hands at the editor's window, on her own thread.
 class Hands {
@@ -182,10 +156,7 @@ struct FormDataEditors : testing::Test, TemporaryFolder {
 };
 
 TEST_F(FormDataEditors, An_engine_file_is_edited_in_two_groups_and_saved) {
-  FileBytes before;
-  Add_Number(before, 1, 4);
-  for (int i = 0; i <= 100; ++i) Add_Text(before, i == 0 ? "_" : i == 61 ? "kept" : "");
-  const std::string name = Put("my.EGN", before);
+  const std::string name = Put("my.EGN", Engine_Record_Bytes(1, {{0, "_"}, {61, "kept"}}));
   EXPECT_EQ(
       Perform([&](const Hands& hands, Person& person) {
         hands.Choose({"Engine Open/Save ", "Open Engine File"});
@@ -200,20 +171,15 @@ TEST_F(FormDataEditors, An_engine_file_is_edited_in_two_groups_and_saved) {
                                "Are you ready to save this engine record in file  " + name));
       }),
       "");
-  FileBytes after;
-  Add_Number(after, 1, 4);
-  for (int i = 0; i <= 100; ++i) {
-    Add_Text(after, i == 0 ? "_" : i == 1 ? "a&b" : i == 16 ? "kgh" : i == 61 ? "kept" : "");
-  }
-  EXPECT_EQ(Content("my.EGN"), after);
+  EXPECT_EQ(Content("my.EGN"),
+            Engine_Record_Bytes(1, {{0, "_"}, {1, "a&b"}, {16, "kgh"}, {61, "kept"}}));
 }
 
 TEST_F(FormDataEditors, Curves_are_renamed_cut_pasted_found_by_name_and_deleted) {
-  FileBytes before;
-  Add_Curve(before, 1, "rise", {7, 1, 2.5, 128}, 3);
-  Add_Curve(before, 2, "fall", {0, 30, 20}, 2);
-  Add_Curve(before, 3, "third", {0, 5}, 1);
-  const std::string name = Put("my.SAY", before);
+  const std::string name =
+      Put("my.SAY", Joined({Vocabulary_Record_Bytes(1, "rise", {7, 1, 2.5, 128}, 3),
+                            Vocabulary_Record_Bytes(2, "fall", {0, 30, 20}, 2),
+                            Vocabulary_Record_Bytes(3, "third", {0, 5}, 1)}));
   EXPECT_EQ(Perform([&](const Hands& hands, Person& person) {
               hands.Choose_By_Letter('f');
               person.Answer(Asked("Open:", "Open this existing or new *.say File :", name));
@@ -235,12 +201,10 @@ TEST_F(FormDataEditors, Curves_are_renamed_cut_pasted_found_by_name_and_deleted)
               hands.Choose({"Record", "&Delete"});
             }),
             "");
-  FileBytes after;
-  Add_Curve(after, 1, "dawn", {7, 1, 2.5, 128}, 3);
-  Add_Curve(after, 2, "", {}, 0);
-  Add_Curve(after, 3, "", {}, 0);
-  Add_Curve(after, 4, "fall", {0, 30, 20}, 2);
-  EXPECT_EQ(Content("my.SAY"), after);
+  EXPECT_EQ(Content("my.SAY"),
+            Joined({Vocabulary_Record_Bytes(1, "dawn", {7, 1, 2.5, 128}, 3),
+                    Vocabulary_Record_Bytes(2, "", {}, 0), Vocabulary_Record_Bytes(3, "", {}, 0),
+                    Vocabulary_Record_Bytes(4, "fall", {0, 30, 20}, 2)}));
 }
 
 }  // namespace
