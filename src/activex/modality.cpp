@@ -40,8 +40,10 @@ void ModalTime::Enable_Modeless(bool on) const {
 
 ContainedBoxes::ContainedBoxes(const Activations& activations, const windows::FormViews& views)
     : activations_(activations), boxes_([&activations, &views] {
-        const HWND modal = views.Modal_Window();
-        return modal ? modal : activations.Top_Window();
+        for (const HWND ours : {views.Modal_Window(), views.Active_Window()}) {
+          if (ours) return ours;
+        }
+        return activations.Top_Window();
       }) {}
 
 std::shared_ptr<const void> Begin_Modal_Time(const Activations& activations) {
@@ -55,6 +57,7 @@ std::shared_ptr<const void> Begin_Modal_Time(const Activations& activations) {
 }
 
 BoxAnswer ContainedBoxes::Show(const MessageBox& box) {
+  const windows::FrontWindow front;
   const auto time = Begin_Modal_Time(activations_);
   return boxes_.Show(box);
 }

@@ -49,7 +49,7 @@ class ModalTime {
 std::shared_ptr<const void> Begin_Modal_Time(const Activations& activations);
 
 // Message boxes that lie before the window that a person works in: a modal one of ours, or else the
-// container's.
+// one of ours that is active, or else the container's.
 class ContainedBoxes final : public MessageBoxes {
  public:
   ContainedBoxes(const Activations& activations, const windows::FormViews& views);

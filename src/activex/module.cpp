@@ -88,6 +88,7 @@ Module::Platform::Platform() {
 // The thread's message loop is told to end: whatever waits must come back to it. A host that goes
 // on all the same finds the session as a stop leaves it.
 void Module::Platform::Stop_At_Once() {
+  session.flags.Windows_Stay_Away = true;
   Ends_Well(session, [this] { session.operations.Unload_Database(session); });  // starts the clock
   Ends_Well(session, [this] { Halt_Session(session); });
   events.Enable(FormTimer::Timer2, false);

@@ -136,6 +136,7 @@ bool Set_Up_Recording(Session& session) {
   End_Last_Recording(session);
   session.ports.events.Enable(FormTimer::Timer5, false);
   if (!Has_Sampling_Time(session)) return false;
+  session.flags.Windows_Stay_Away = false;
   session.sample.Samples_Per_Capture = Promised_Samples(session.settings);
   ++session.flags.Settings_Ready_Count;
   Play_Start_Cue(session);

@@ -29,9 +29,10 @@ class FormViews {
  public:
   virtual ~FormViews() = default;
 
-  // Loads the form and shows it; one that shows already comes to the front. A modal show returns
-  // when the form is hidden, unloaded or destroyed, and runs the event loop meanwhile; for a form
-  // that is modal already it returns at once. A child becomes visible where it lies.
+  // Loads the form and shows it; one that shows already comes to the front, unless it stands aside.
+  // A modal show returns when the form is hidden, unloaded or destroyed, and runs the event loop
+  // meanwhile; for a form that is modal already it returns at once. A child becomes visible where
+  // it lies.
   virtual void Show(Form& form, Modality modality) = 0;
   virtual void Hide(Form& form) = 0;  // it stays loaded
   static void Unload(Form& form) { form.Unload(); }

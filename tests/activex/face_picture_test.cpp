@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/run_time_failure.hpp"
+#include "tests/windows/drawing_objects.hpp"
 
 namespace quillspeech::activex::tests {
 namespace {
@@ -24,20 +25,11 @@ TEST_F(FacePictureTest, A_drawing_that_fails_is_over) {
   EXPECT_FALSE(picture.Is_Drawing());
 }
 
-// The index of a new drawing object in the process's table of them: it grows with what is left
-// behind.
-int Next_Drawing_Object() {
-  const HBRUSH brush = CreateSolidBrush(RGB(1, 2, 3));
-  const int index = LOWORD(reinterpret_cast<std::uintptr_t>(brush));
-  DeleteObject(brush);
-  return index;
-}
-
 TEST_F(FacePictureTest, A_metafile_that_fails_leaves_nothing_behind) {
   STGMEDIUM medium = {};
-  const int before = Next_Drawing_Object();
+  const int before = quillspeech::tests::Drawing_Objects();
   for (int i = 0; i < 200; ++i) EXPECT_THROW(picture.Give_Metafile(medium), RunTimeFailure);
-  EXPECT_LE(Next_Drawing_Object(), before + 20);
+  EXPECT_LE(quillspeech::tests::Drawing_Objects(), before + 10);
 }
 
 }  // namespace

@@ -42,6 +42,27 @@ TEST_F(ModalityTest, The_frame_of_a_control_that_goes_behind_the_box_is_told_of_
   EXPECT_EQ(closer.closed, 1);
 }
 
+// As the Language Editor of a live session, which asks from inside its handlers.
+TEST_F(ModalityTest, A_box_lies_before_the_form_that_is_active_and_gives_it_the_keyboard_back) {
+  Place();
+  Activate();
+  Form form("Form1", "Modeless", {3000, 3000});
+  auto& views = static_cast<windows::FormViews&>(session().ports.views);
+  views.Show(form, Modality::None);
+  const HWND window = reinterpret_cast<HWND>(views.Window_Of(form));
+  SetActiveWindow(window);
+  session().flags.Settings_Ready_Count = 0;
+  HWND owner = nullptr;
+  container.Expect({"Frame.EnableModeless none", "Frame.EnableModeless"});
+  BoxCloser closer(L"Quillspeech Start", [&] { owner = Owner_Of_Box(); });
+  Call("Start_Real_Action");
+  EXPECT_EQ(closer.closed, 1);
+  EXPECT_EQ(owner, window);
+  EXPECT_EQ(GetActiveWindow(), window);
+  form.Unload();
+  Deactivate();
+}
+
 TEST_F(ModalityTest, Without_an_active_control_no_frame_is_told) {
   Place();
   session().flags.Settings_Ready_Count = 0;

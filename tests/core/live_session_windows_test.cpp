@@ -86,6 +86,23 @@ TEST(LiveSessionWindows, Come_up_again_with_the_next_control) {
   EXPECT_TRUE(test.Is_On_Show("Graph"));
 }
 
+TEST(LiveSessionWindows, A_stop_shows_a_new_control_as_busy_although_another_has_ended) {
+  WatchedRun test;
+  test.control->UserControl_Terminate();
+  test.control = Control::Make(test.session, test.host_program);
+  Stop_Real_Action(*test.control);
+  EXPECT_TRUE(test.Is_On_Show("StatusBar"));
+}
+
+// The Language Editor that a person closes after a rest goes on with the next capture.
+TEST(LiveSessionWindows, Come_up_again_with_a_capture_that_begins_without_a_start) {
+  WatchedRun test;
+  test.session.flags.Windows_Stay_Away = true;
+  test.events.Enable(FormTimer::Timer5, true);
+  test.events.Run_For(1s);
+  EXPECT_TRUE(test.Is_On_Show("StatusBar"));
+}
+
 TEST(LiveSessionWindows, A_graph_that_a_person_closes_comes_anew_with_the_next_word) {
   WatchedRun test;
   test.Listen();

@@ -20,6 +20,19 @@ struct FormChildren : FormScreen {
     views.Show(*form, Modality::None);
     Run();
   }
+  void Leave_Only_Labels() {
+    for (const char* const name : {"Command2", "Combo1", "Frame1", "Text1"}) {
+      form->Set_Visible(name, false);
+    }
+  }
+  // As a host asks it before it deals with the key itself.
+  bool Takes_Tab() {
+    MSG tab{};
+    tab.hwnd = GetFocus();
+    tab.message = WM_KEYDOWN;
+    tab.wParam = VK_TAB;
+    return views.Translate(*form, tab);
+  }
   HostWindow host;
 };
 
@@ -78,16 +91,75 @@ TEST_F(FormChildren, Tell_before_they_are_painted) {
 TEST_F(FormChildren, A_Tab_that_goes_out_of_them_is_the_hosts) {
   Embed(ChildMode::Live);
   SetFocus(Control("first"));
-  MSG tab{};
-  tab.hwnd = GetFocus();
-  tab.message = WM_KEYDOWN;
-  tab.wParam = VK_TAB;
   int inside = 0;
-  while (inside < 10 && views.Translate(*form, tab)) {
-    ++inside;
-    tab.hwnd = GetFocus();
-  }
+  while (inside < 10 && Takes_Tab()) ++inside;
   EXPECT_EQ(inside, 3);  // to the two buttons and to the combo box
+}
+
+TEST_F(FormChildren, A_Tab_backwards_out_of_the_first_control_is_the_hosts) {
+  Embed(ChildMode::Live);
+  SetFocus(Control("Close"));
+  const HeldShift shift;
+  EXPECT_TRUE(Takes_Tab());
+  EXPECT_EQ(GetFocus(), Control("&Save"));
+  EXPECT_TRUE(Takes_Tab());
+  EXPECT_EQ(GetFocus(), Control("first"));
+  EXPECT_FALSE(Takes_Tab());
+  EXPECT_EQ(GetFocus(), Control("first"));
+}
+
+TEST_F(FormChildren,
+       A_Tab_in_the_only_control_that_takes_the_focus_is_the_hosts_in_both_directions) {
+  for (const char* const name : {"Text1", "Frame1", "Combo1"}) form->Set_Enabled(name, false);
+  Embed(ChildMode::Live);
+  SetFocus(Control("Close"));
+  EXPECT_FALSE(Takes_Tab());
+  const HeldShift shift;
+  EXPECT_FALSE(Takes_Tab());
+  EXPECT_EQ(GetFocus(), Control("Close"));
+}
+
+TEST_F(FormChildren, A_Tab_in_one_without_a_control_that_takes_the_focus_is_the_hosts) {
+  Leave_Only_Labels();
+  Embed(ChildMode::Live);
+  SetFocus(Window());
+  ASSERT_EQ(GetFocus(), Window());
+  EXPECT_FALSE(Takes_Tab());
+  const HeldShift shift;
+  EXPECT_FALSE(Takes_Tab());
+  EXPECT_EQ(GetFocus(), Window());
+}
+
+TEST_F(FormChildren, Tell_when_the_focus_comes_and_goes_where_no_control_can_take_it) {
+  Leave_Only_Labels();
+  Embed(ChildMode::Live);
+  SetFocus(host.Window());
+  std::vector<bool> focus;
+  views.Set_Signals(*form, {[&](bool got) { focus.push_back(got); }, nullptr});
+  for (int i = 0; i < 2; ++i) {
+    Press_Mouse(Window());
+    Run();
+    EXPECT_EQ(GetFocus(), Window());
+    SetFocus(host.Window());
+  }
+  EXPECT_EQ(focus, (std::vector<bool>{true, false, true, false}));
+}
+
+TEST_F(FormChildren, Tell_that_the_focus_goes_once_their_last_control_has_gone) {
+  Embed(ChildMode::Live);
+  std::vector<bool> focus;
+  views.Set_Signals(*form, {[&](bool got) { focus.push_back(got); }, nullptr});
+  SetFocus(Control("first"));
+  Leave_Only_Labels();
+  EXPECT_EQ(GetFocus(), Window());
+  EXPECT_EQ(focus, std::vector<bool>{true});
+  SetFocus(host.Window());
+  EXPECT_EQ(focus, (std::vector<bool>{true, false}));
+  for (const char* const name : {"Text1", "Command2"}) form->Set_Visible(name, true);
+  Press_Mouse(Window());
+  Run();
+  EXPECT_EQ(GetFocus(), Control("first"));
+  EXPECT_EQ(focus, (std::vector<bool>{true, false, true}));
 }
 
 TEST_F(FormChildren, A_host_that_destroys_its_window_ends_the_view_and_not_the_form) {

@@ -128,6 +128,43 @@ TEST_F(FormFocus, A_form_that_comes_to_the_front_again_passes_over_what_was_hidd
   Expect_Focus_On("Command6");
 }
 
+TEST_F(FormFocus, A_form_that_comes_to_the_front_with_only_labels_left_hears_the_keys_itself) {
+  FormControl label = Named("Label1", FormControlKind::Label, "Label1");
+  label.place = {1500, 50, 1000, 250};
+  form->Add(label);
+  Note_Keys("Form");
+  Disable("Frame1");
+  for (const char* const name : {"Command1", "Command2"}) Take_Away(name);
+  Show_With_Focus_On("Command6");
+  Behind_Another_Window([this] { Take_Away("Command6"); });
+  EXPECT_EQ(GetFocus(), Window());
+  for (const WPARAM key : {VK_UP, VK_RIGHT}) Press(GetFocus(), key);
+  Type(GetFocus(), "x");
+  Run();
+  Press(GetFocus(), VK_TAB);
+  Run();
+  EXPECT_EQ(GetFocus(), Window());
+  EXPECT_EQ(heard, (Heard{"Form_KeyPress 120", "Form_KeyPress 9"}));
+}
+
+TEST_F(FormFocus, Tab_goes_round_what_takes_action_in_both_directions) {
+  Show_With_Focus_On("Command1");
+  const auto walk = [this](bool by_host) {
+    Heard way;
+    for (int i = 0; i < 4; ++i) {
+      by_host ? void(SendMessageW(GetFocus(), WM_KEYDOWN, VK_TAB, 1)) : Press(GetFocus(), VK_TAB);
+      Run();
+      way.push_back(Text_Of(GetFocus()));
+    }
+    return way;
+  };
+  for (const bool by_host : {false, true}) {
+    EXPECT_EQ(walk(by_host), (Heard{"Command3", "Command4", "Command6", "Command1"}));
+    const HeldShift shift;
+    EXPECT_EQ(walk(by_host), (Heard{"Command6", "Command4", "Command3", "Command1"}));
+  }
+}
+
 TEST_F(FormFocus, A_child_does_not_tell_that_it_leaves_when_it_only_goes_on) {
   HostWindow host;
   views.Make_Child(*form, host.Handle(), {0, 0, 300, 300}, ChildMode::Live);

@@ -4,6 +4,7 @@
 #include <memory>
 #include <system_error>
 
+#include "tests/windows/drawing_objects.hpp"
 #include "tests/windows/form_pictures.hpp"
 #include "tests/windows/form_windows.hpp"
 #include "tests/windows/thread_windows.hpp"
@@ -120,11 +121,11 @@ TEST_F(FormWindows, Hundreds_of_them_leave_no_window_and_no_drawing_object_behin
   for (int i = 0; i < 20; ++i) one_more();
   Run();
   const std::size_t windows = Windows_Of(GetCurrentThreadId()).size();
-  const int objects = Next_Drawing_Object();
+  const int objects = Drawing_Objects();
   for (int i = 0; i < 300; ++i) one_more();
   Run();
   EXPECT_EQ(Windows_Of(GetCurrentThreadId()).size(), windows);
-  EXPECT_LE(Next_Drawing_Object(), objects + 60);
+  EXPECT_LE(Drawing_Objects(), objects + 10);
   EXPECT_EQ(FindWindowExW(host.Window(), nullptr, nullptr, nullptr), nullptr);
 }
 

@@ -52,6 +52,15 @@ TEST_F(FormOwner, Is_the_programs_main_window_and_not_a_dialog_before_it) {
   EXPECT_EQ(Owner_Of(*form), main.Window());
 }
 
+TEST_F(FormOwner, Is_no_window_without_a_size_though_it_counts_as_visible) {
+  const ProgramWindow hidden(nullptr, WS_VISIBLE);
+  MoveWindow(hidden.Window(), 0, 0, 0, 0, FALSE);
+  const ProgramWindow shown(hidden.Window(), WS_VISIBLE);
+  SetActiveWindow(shown.Window());
+  Show();
+  EXPECT_EQ(Owner_Of(*form), shown.Window());
+}
+
 TEST_F(FormOwner, Is_that_of_the_form_from_which_it_is_shown) {
   const ProgramWindow hidden(nullptr, 0);
   const ProgramWindow main(hidden.Window(), WS_VISIBLE);

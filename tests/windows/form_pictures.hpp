@@ -94,13 +94,4 @@ inline void Take_Picture(HWND window, Picture& picture) {
   ReleaseDC(window, from);
 }
 
-// The index of a new drawing object in the process's table of them: it grows with what is left
-// behind.
-inline int Next_Drawing_Object() {
-  const HBRUSH brush = CreateSolidBrush(RGB(1, 2, 3));
-  const int index = LOWORD(reinterpret_cast<std::uintptr_t>(brush));
-  DeleteObject(brush);
-  return index;
-}
-
 }  // namespace quillspeech::tests

@@ -21,7 +21,7 @@ bool Have_Common_Points(const RECT& one, const RECT& other) {
 }
 
 void Expect_Place(const std::vector<RECT>& taken, const RECT& place, const RECT& wanted) {
-  const auto found = windows::Place_Beside(place, taken);
+  const auto found = windows::Place_Beside(place, taken, Desktop());
   ASSERT_TRUE(found);
   EXPECT_TRUE(EqualRect(&*found, &wanted)) << found->left << ", " << found->top;
 }
@@ -50,7 +50,19 @@ TEST(FormPlace, Is_beside_all_that_is_taken) {
 }
 
 TEST(FormPlace, Is_nowhere_when_all_is_taken) {
-  EXPECT_FALSE(windows::Place_Beside({300, 300, 400, 350}, {Desktop()}));
+  EXPECT_FALSE(windows::Place_Beside({300, 300, 400, 350}, {Desktop()}, Desktop()));
+}
+
+TEST(FormPlace, Is_on_the_screen_that_is_meant) {
+  const RECT second_screen{-1600, 0, 0, 1200};
+  const RECT taken{-900, 400, -700, 1100};
+  const auto found = windows::Place_Beside({-850, 700, -750, 900}, {taken}, second_screen);
+  const RECT wanted{-700, 700, -600, 900};  // there is no room below
+  ASSERT_TRUE(found);
+  EXPECT_TRUE(EqualRect(&*found, &wanted)) << found->left << ", " << found->top;
+  const RECT corner = windows::Place_In_Corner({0, 0, 100, 50}, second_screen);
+  const RECT right_and_low{-100, 1150, 0, 1200};
+  EXPECT_TRUE(EqualRect(&corner, &right_and_low)) << corner.left << ", " << corner.top;
 }
 
 struct FormsSideBySide : FormScreen {
@@ -115,6 +127,19 @@ TEST_F(FormAside, Lies_in_the_corner_where_the_program_fills_the_screen) {
   Show_Other();
   EXPECT_EQ(Place_Of_Other().right, all.right);
   EXPECT_EQ(Place_Of_Other().bottom, all.bottom);
+}
+
+TEST_F(FormAside, Leaves_another_in_sight_where_the_program_fills_the_screen) {
+  Form third("Form3", "A third form", FormSize{4500, 1500});
+  third.Set_Stands_Aside();
+  const RECT all = Desktop();
+  MoveWindow(host.Window(), all.left, all.top, Width_Of(all), Height_Of(all), FALSE);
+  Show_Other();
+  views.Show(third, Modality::None);
+  Run();
+  const RECT place = Place_On_Screen(reinterpret_cast<HWND>(views.Window_Of(third)));
+  EXPECT_FALSE(Have_Common_Points(place, Place_Of_Other()));
+  third.Unload();
 }
 
 TEST_F(FormAside, Takes_the_keyboard_all_the_same_when_it_is_modal) {

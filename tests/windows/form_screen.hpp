@@ -36,6 +36,23 @@ class HostWindow {
   HWND window_;
 };
 
+// The shift key of this thread's keyboard, held down.
+class HeldShift {
+ public:
+  HeldShift() { Set(0x80); }
+  ~HeldShift() { Set(0); }
+  HeldShift(const HeldShift&) = delete;
+  HeldShift& operator=(const HeldShift&) = delete;
+
+ private:
+  static void Set(BYTE state) {
+    BYTE keys[256] = {};
+    GetKeyboardState(keys);
+    keys[VK_SHIFT] = state;
+    SetKeyboardState(keys);
+  }
+};
+
 inline RECT Place_On_Screen(HWND window) {
   RECT place{};
   GetWindowRect(window, &place);

@@ -126,6 +126,7 @@ std::string Dialogs::Ask_File(const FileDialog& dialog) {
   asked.nMaxFile = static_cast<DWORD>(name.size());
   asked.lpstrTitle = title.c_str();
   asked.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
+  const FrontWindow front;
   const auto time = views_.Modal_Time ? views_.Modal_Time() : nullptr;
   const BoxTime others(asked.hwndOwner);
   if (!Is_Answered(asked)) return {};

@@ -8,8 +8,6 @@
 namespace quillspeech::windows {
 namespace {
 
-constexpr double Twips_Per_Point = 20;
-
 LOGFONTW Description_Of(const FormFont& font, const FormScale& scale) {
   LOGFONTW description{};
   // Negative: the height of the letters without the room above them, which is what points measure.

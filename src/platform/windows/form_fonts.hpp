@@ -10,6 +10,8 @@
 
 namespace quillspeech::windows {
 
+inline constexpr double Twips_Per_Point = 20;
+
 // Each font is made once, and lives as long as this.
 class FormFonts {
  public:

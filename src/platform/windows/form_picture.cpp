@@ -13,7 +13,6 @@
 namespace quillspeech::windows {
 namespace {
 
-constexpr double Twips_Per_Point = 20;
 constexpr double Far_Away = 32000;  // what every device, and a metafile, still counts
 
 // What no number is goes far away too.

@@ -8,11 +8,18 @@
 
 namespace quillspeech::windows {
 
-// That place or, where it would cover one that is taken, one beside those, on the desktop. Nothing
-// where there is no room.
-std::optional<RECT> Place_Beside(const RECT& place, const std::vector<RECT>& taken);
+// Of the screen that the window lies on, without its bars; of the first screen for no window.
+RECT Work_Area_Around(HWND window);
 
-// In the right lower corner of the desktop.
-RECT Place_In_Corner(const RECT& place);
+// In the middle of the window before which it shows, or of the work area, and within that.
+RECT Centred(SIZE size, HWND owner);
+
+// That place or, where it would cover one that is taken, one beside those, within the area. Nothing
+// where there is no room.
+std::optional<RECT> Place_Beside(const RECT& place, const std::vector<RECT>& taken,
+                                 const RECT& area);
+
+// In the right lower corner of the area.
+RECT Place_In_Corner(const RECT& place, const RECT& area);
 
 }  // namespace quillspeech::windows

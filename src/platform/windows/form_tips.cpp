@@ -10,7 +10,7 @@
 namespace quillspeech::windows {
 namespace {
 
-constexpr LPARAM Widest_Tip = 400;  // pixels
+constexpr int Widest_Tip = 6000;  // twips
 
 TOOLINFOW Tool_Of(HWND form, HWND control) {
   TOOLINFOW tool{};
@@ -36,7 +36,7 @@ bool FormTips::Make() {
                           WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
                           CW_USEDEFAULT, CW_USEDEFAULT, form_, nullptr, This_Module(), nullptr);
   if (!tips_) return false;
-  SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, Widest_Tip);
+  SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, scale_.Across(Widest_Tip));
   SendMessageW(tips_, TTM_ACTIVATE, is_active_, 0);
   return true;
 }

@@ -1,15 +1,17 @@
 // The tips of one form's controls: what shows when the mouse rests on them.
 #pragma once
 
-#include "platform/windows/windows_api.hpp"
-//
 #include <string_view>
+
+#include "platform/windows/form_layout.hpp"
 
 namespace quillspeech::windows {
 
 class FormTips {
  public:
-  explicit FormTips(HWND form) : form_(form) {}
+  // At the screen's scale unless the form has another.
+  explicit FormTips(HWND form, const FormScale& scale = Scale_At(Screen_Dots_Per_Inch()))
+      : form_(form), scale_(scale) {}
   ~FormTips();
   FormTips(const FormTips&) = delete;
   FormTips& operator=(const FormTips&) = delete;
@@ -22,6 +24,7 @@ class FormTips {
   bool Make();
 
   HWND form_;
+  FormScale scale_;
   HWND tips_ = nullptr;
   bool is_active_ = true;
 };

@@ -7,6 +7,7 @@
 
 #include "platform/windows/form_place.hpp"
 #include "platform/windows/text.hpp"
+#include "platform/windows/waiting_windows.hpp"
 
 namespace quillspeech::windows {
 namespace {
@@ -29,20 +30,33 @@ RECT Place_Of(HWND window) {
   return place;
 }
 
-// Forms that are not modal are there together: a new one leaves those that are up in sight, and one
-// that stands aside the program's window too.
-void Leave_In_Sight(const Form& form, HWND window, const auto& others) {
-  std::vector<RECT> taken;
-  const HWND owner = GetWindow(window, GW_OWNER);
-  if (form.Stands_Aside() && owner && !IsIconic(owner)) taken.push_back(Place_Of(owner));
-  for (const auto& [model, other] : others) {
-    const HWND up = other->Is_Shown() ? other->Window() : nullptr;
+bool Is_In_Sight(HWND window) {
+  const RECT place = Place_Of(window);
+  return IsWindowVisible(window) && !IsRectEmpty(&place);
+}
+
+std::vector<RECT> Places_Of(const auto& windows) {
+  std::vector<RECT> places;
+  for (const auto& [form, window] : windows) {
+    const HWND up = window->Is_Shown() ? window->Window() : nullptr;
+    if (!up || IsIconic(up)) continue;
     const bool is_child = (GetWindowLongPtrW(up, GWL_STYLE) & WS_CHILD) != 0;
-    if (up && !is_child && !IsIconic(up)) taken.push_back(Place_Of(up));
+    if (!is_child) places.push_back(Place_Of(up));
   }
+  return places;
+}
+
+// Forms that are not modal are there together: a new one leaves those that are up in sight, and one
+// that stands aside the program's window too, as long as that does not fill the screen.
+void Leave_In_Sight(const Form& form, HWND window, const std::vector<RECT>& others) {
+  const HWND owner = GetWindow(window, GW_OWNER);
+  const RECT area = Work_Area_Around(owner);
   const RECT centred = Place_Of(window);
-  const RECT place = Place_Beside(centred, taken)
-                         .value_or(form.Stands_Aside() ? Place_In_Corner(centred) : centred);
+  std::vector<RECT> taken = others;
+  if (form.Stands_Aside() && owner && !IsIconic(owner)) taken.push_back(Place_Of(owner));
+  const RECT second = form.Stands_Aside() ? Place_In_Corner(centred, area) : centred;
+  const RECT place = Place_Beside(centred, taken, area)
+                         .value_or(Place_Beside(second, others, area).value_or(second));
   SetWindowPos(window, nullptr, place.left, place.top, 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -103,7 +117,8 @@ HWND FormViews::Owner_For_New_Window() const {
 }
 
 // Forms that are not modal lie side by side: what ends one ends no other. So it is the last of the
-// windows that own each other, and one that shows: some programs have a hidden one behind them all.
+// windows that own each other, and one that shows: some programs have a hidden one behind them all,
+// or one without any size.
 HWND FormViews::Owner_Of_Modeless() const {
   HWND owner = nullptr;
   const HWND active = GetActiveWindow();
@@ -113,7 +128,7 @@ HWND FormViews::Owner_Of_Modeless() const {
         windows_, [&](const auto& entry) { return entry.second->Window() == window; });
     if (is_ours) {
       owner = nullptr;
-    } else if (IsWindowVisible(window)) {
+    } else if (Is_In_Sight(window)) {
       owner = window;
     }
   }
@@ -126,7 +141,7 @@ void FormViews::Make_Window(FormWindow& window, Modality modality) {
   if (!window.Make_Top(is_modal ? Owner_For_New_Window() : Owner_Of_Modeless(), is_modal)) {
     Give_Up(window);
   }
-  if (!is_modal) Leave_In_Sight(*window.Model(), window.Window(), windows_);
+  if (!is_modal) Leave_In_Sight(*window.Model(), window.Window(), Places_Of(windows_));
   if (Window_Life) window.life = Window_Life();
 }
 
@@ -139,10 +154,12 @@ void FormViews::Show(Form& form, Modality modality) {
   if (!window->Window()) Make_Window(*window, modality);
   const bool is_modal = std::ranges::find(modal_, window.get()) != modal_.end();
   if (modality == Modality::Modal && !is_modal) return Run_Modally(window);
-  form.Stands_Aside() && !is_modal ? window->Show_Aside() : window->Show();
+  if (form.Stands_Aside() && !is_modal) return window->Show_Aside();
+  window->Show();
 }
 
 void FormViews::Run_Modally(const std::shared_ptr<FormWindow>& window) {
+  const FrontWindow front;
   const auto time = Modal_Time ? Modal_Time() : nullptr;
   modal_.push_back(window.get());
   try {
@@ -155,6 +172,14 @@ void FormViews::Run_Modally(const std::shared_ptr<FormWindow>& window) {
     throw;
   }
   std::erase(modal_, window.get());
+}
+
+HWND FormViews::Active_Window() const {
+  const HWND active = GetActiveWindow();
+  const bool is_ours = active && std::ranges::any_of(windows_, [&](const auto& entry) {
+                         return entry.second->Window() == active;
+                       });
+  return is_ours ? active : nullptr;
 }
 
 // A look at the queue tells whether the thread is still to quit: a host may have gone on all the

@@ -39,6 +39,8 @@ class FormViews final : public quillspeech::FormViews {
   HWND Owner_For_New_Window() const;
   // The window of the form that was shown modally last and still shows so; null: there is none.
   HWND Modal_Window() const;
+  // The active window of the thread, when it is a form's own; null: it is not.
+  HWND Active_Window() const;
 
   // Lets go of every window; the models stay, without a view.
   void Drop_Windows();

@@ -3,25 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/windows/form_place.hpp"
 #include "platform/windows/text.hpp"
 
 namespace quillspeech::windows {
-namespace {
-
-// In the middle of the window before which it shows, or of the desktop, and on the desktop.
-RECT Centred(SIZE size, HWND owner) {
-  RECT desktop{};
-  SystemParametersInfoW(SPI_GETWORKAREA, 0, &desktop, 0);
-  RECT around = desktop;
-  if (owner && IsWindowVisible(owner) && !IsIconic(owner)) GetWindowRect(owner, &around);
-  const LONG left = (around.left + around.right - size.cx) / 2;
-  const LONG top = (around.top + around.bottom - size.cy) / 2;
-  const LONG held_left = std::max(desktop.left, std::min(left, desktop.right - size.cx));
-  const LONG held_top = std::max(desktop.top, std::min(top, desktop.bottom - size.cy));
-  return {held_left, held_top, held_left + size.cx, held_top + size.cy};
-}
-
-}  // namespace
 
 FormDesk::FormDesk(int dots_per_inch)
     : scale(Scale_At(dots_per_inch)),
@@ -50,20 +35,18 @@ bool FormWindow::Make_Top(HWND owner, bool is_modal) {
   return true;
 }
 
-// With the frame, the title and the menu bar, which takes as many lines as its width needs.
+// With the frame, the title and the menu bar, which takes as many lines as its width needs: what
+// the system makes of a room that is large enough tells how much they take.
 SIZE FormWindow::Outer_Size() const {
   const SIZE inner = Pixels_Of(form_->Size(), desk_.scale);
-  RECT outer{0, 0, inner.cx, inner.cy};
-  const auto style = static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE));
-  const auto extended = static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE));
-  AdjustWindowRectEx(&outer, style, FALSE, extended);
-  if (GetMenu(window_)) {
-    constexpr LONG Deep = 0x7fff;
-    RECT whole{0, 0, Width_Of(outer), Deep};
-    SendMessageW(window_, WM_NCCALCSIZE, FALSE, reinterpret_cast<LPARAM>(&whole));
-    outer.bottom = outer.top + inner.cy + Deep - Height_Of(whole);
-  }
-  return {Width_Of(outer), Height_Of(outer)};
+  constexpr LONG Large = 0x7fff;
+  const auto within = [&](LONG width) {
+    RECT room{0, 0, width, Large};
+    SendMessageW(window_, WM_NCCALCSIZE, FALSE, reinterpret_cast<LPARAM>(&room));
+    return room;
+  };
+  const LONG width = inner.cx + Large - Width_Of(within(Large));
+  return {width, inner.cy + Large - Height_Of(within(width))};
 }
 
 bool FormWindow::Make_Child(HWND parent, const ChildPlace& place, ChildMode mode) {
@@ -85,7 +68,7 @@ bool FormWindow::Make(DWORD style, DWORD extended, const RECT& place, HWND paren
 }
 
 void FormWindow::Make_Controls() {
-  tips_ = std::make_unique<FormTips>(window_);
+  tips_ = std::make_unique<FormTips>(window_, desk_.scale);
   for (const FormControl& control : form_->Controls()) {
     const HWND parent = Window_For(control.parent);
     const RECT place = Pixels_In_Parent(*form_, control, desk_.scale);

@@ -129,13 +129,16 @@ class FormWindow final : public FormView, public std::enable_shared_from_this<Fo
   void Take_Focus_By_Click();
   void Leave_Focus();
   void Hand_Focus_On();
-  HWND Next_By_Tab(HWND from) const;  // on which a person can act; null: there is none
+  // The next by Tab on which a person can act; from null: the first or, back, the last. Null: there
+  // is none. Next_By_Tab begins anew at the end.
+  const FormControlWindow* Next_Before_End(const FormControlWindow* from, bool is_back) const;
+  const FormControlWindow* Next_By_Tab(const FormControlWindow* from, bool is_back) const;
   void Note_Focus(HWND now);
   void On_Window_Destroyed();
   std::optional<LRESULT> Handle_Key(FormControlWindow& control, UINT message, WPARAM key);
   std::optional<LRESULT> Handle_Form_Key(UINT message, WPARAM key);
   bool Translate_Key_Down(MSG& message);
-  bool Leaves_By_Tab() const;
+  bool Go_By_Tab();
   bool Press(unsigned char key);
   void Let_Go();
   void End();

@@ -1,5 +1,6 @@
 // Keys and focus. A host's loop may deal with dialog keys itself, ask the form whether it wants
 // them, or know nothing of them: then they reach the controls, which see to them.
+#include <algorithm>
 #include <string>
 
 #include "platform/windows/form_window.hpp"
@@ -72,21 +73,21 @@ bool FormWindow::Translate_Key_Down(MSG& message) {
     if (control && control->Is_Dropped_Down()) return false;
     return Press(static_cast<unsigned char>(key));
   }
-  const bool is_tab = key == VK_TAB && !Is_Down(VK_CONTROL);
-  if (!is_tab && !Is_Arrow(key)) return false;
-  if (is_tab && is_child_ && Leaves_By_Tab()) return false;
+  if (key == VK_TAB && !Is_Down(VK_CONTROL)) return Go_By_Tab();
+  // The system's walk begins at the control that has the focus.
+  if (!Is_Arrow(key) || !Control_At(GetFocus())) return false;
   return IsDialogMessageW(window_, &message) != FALSE;
 }
 
-// Whether the next control by Tab lies on the other side of the form's end.
-bool FormWindow::Leaves_By_Tab() const {
+// Whoever embeds a form goes on at its ends; any other goes round.
+bool FormWindow::Go_By_Tab() {
   const FormControlWindow* const now = Control_At(GetFocus());
   const bool is_back = Is_Down(VK_SHIFT);
-  const HWND next = GetNextDlgTabItem(window_, GetFocus(), is_back);
-  for (const auto& one : controls_) {
-    if (one.get() == now) return is_back ? next != nullptr && Control_At(next) == now : false;
-    if (one->Window() == next) return !is_back;
-  }
+  const FormControlWindow* const next =
+      is_child_ ? Next_Before_End(now, is_back) : Next_By_Tab(now, is_back);
+  if (!next) return false;
+  SendMessageW(window_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+  Focus_And_Select(next->Window());
   return true;
 }
 
@@ -144,8 +145,8 @@ std::optional<LRESULT> FormWindow::Handle_Key(FormControlWindow& control, UINT m
   if (is_inert_) return 0;
   if (message == WM_KEYDOWN) {
     if (key != VK_TAB) return {};
-    const HWND next = GetNextDlgTabItem(window_, GetFocus(), Is_Down(VK_SHIFT));
-    if (next) Focus_And_Select(next);
+    const FormControlWindow* const next = Next_By_Tab(&control, Is_Down(VK_SHIFT));
+    if (next) Focus_And_Select(next->Window());
     return 0;
   }
   if (key == VK_TAB) return 0;
@@ -182,20 +183,32 @@ void FormWindow::Give_Focus() {
     SetFocus(last->Window());
     return;
   }
-  HWND next = last ? Next_By_Tab(last->Window()) : nullptr;
-  if (!next) next = Next_By_Tab(nullptr);
-  if (next) Focus_And_Select(next);
+  const FormControlWindow* const next = Next_By_Tab(last, false);
+  if (next) Focus_And_Select(next->Window());
 }
 
-// By the model: the windows of what has just been disabled or hidden are not so yet.
-HWND FormWindow::Next_By_Tab(HWND from) const {
-  for (std::size_t i = 0; i < controls_.size(); ++i) {
-    from = GetNextDlgTabItem(window_, from, FALSE);
-    const FormControlWindow* const next = Control_At(from);
-    if (!next) return nullptr;
-    if (form_->Takes_Action(next->Name())) return from;
-  }
-  return nullptr;
+// By the model: the windows of what has just been disabled or hidden are not so yet, and the system
+// may look for ever where there is nothing to find.
+const FormControlWindow* FormWindow::Next_Before_End(const FormControlWindow* from,
+                                                     bool is_back) const {
+  const auto takes_focus = [this](const auto& one) {
+    return one->Window() && Takes_Focus((*form_)[one->Name()].kind) &&
+           form_->Takes_Action(one->Name());
+  };
+  const auto next_in = [&](auto at, auto end) -> const FormControlWindow* {
+    if (from) at = std::find_if(at, end, [from](const auto& one) { return one.get() == from; });
+    if (from && at != end) ++at;
+    const auto next = std::find_if(at, end, takes_focus);
+    return next == end ? nullptr : next->get();
+  };
+  return is_back ? next_in(controls_.rbegin(), controls_.rend())
+                 : next_in(controls_.begin(), controls_.end());
+}
+
+const FormControlWindow* FormWindow::Next_By_Tab(const FormControlWindow* from,
+                                                 bool is_back) const {
+  const FormControlWindow* const next = Next_Before_End(from, is_back);
+  return next ? next : Next_Before_End(nullptr, is_back);
 }
 
 // A click on what takes no focus itself brings it to an embedded form all the same.

@@ -60,15 +60,15 @@ std::optional<LRESULT> FormWindow::Handle(HWND window, UINT message, WPARAM wide
       return 0;
     case WM_SETFOCUS:
       Give_Focus();
+      if (GetFocus() == window) Note_Focus(window);
+      return 0;
+    case WM_KILLFOCUS:
+      // What of the form gets it tells so itself, and once it has it.
+      if (const HWND next = reinterpret_cast<HWND>(wide); !Holds(next)) Note_Focus(next);
       return 0;
     case WM_CHAR:
     case WM_SYSCHAR:
       return Handle_Form_Key(message, wide);
-    case DM_GETDEFID: {
-      const FormControlWindow* const button = Control_Named(form_->Default_Button());
-      if (!button) return 0;
-      return MAKELRESULT(GetDlgCtrlID(button->Window()), DC_HASDEFID);
-    }
     case WM_ERASEBKGND:
     case WM_PAINT:
     case WM_SIZE:
@@ -200,7 +200,8 @@ void FormWindow::On_Typed(FormControlWindow& control) {
   control.Put_Caret_At_End();
 }
 
-// An entry of the menus or, from the dialog keys, Enter or Escape.
+// An entry of the menus or, from the dialog keys, Enter or Escape: the system tells them so where
+// no control has the number of a default button, and the model knows what they press.
 void FormWindow::On_Menu_Or_Key(WORD command) {
   if (const auto entry = menus_ ? menus_->Entry_Of(command) : std::nullopt) {
     form_->Choose_Menu(*entry);

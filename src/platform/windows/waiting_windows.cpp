@@ -51,13 +51,12 @@ void WaitingWindows::Let_Go() {
   }
 }
 
-BoxTime::BoxTime(HWND owner) : front_(GetActiveWindow()) {
-  others_.Hold_All_But(owner ? GetAncestor(owner, GA_ROOT) : nullptr);
+FrontWindow::~FrontWindow() {
+  if (!Takes_Input(GetActiveWindow()) && Takes_Input(window_)) SetActiveWindow(window_);
 }
 
-BoxTime::~BoxTime() {
-  others_.Let_Go();
-  if (!Takes_Input(GetActiveWindow()) && Takes_Input(front_)) SetActiveWindow(front_);
+BoxTime::BoxTime(HWND owner) {
+  others_.Hold_All_But(owner ? GetAncestor(owner, GA_ROOT) : nullptr);
 }
 
 }  // namespace quillspeech::windows

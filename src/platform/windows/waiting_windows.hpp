@@ -27,18 +27,28 @@ class WaitingWindows {
   std::vector<HWND> held_;
 };
 
-// The same as long as one of the system's own boxes is up, which disables its owner itself. What
-// was active before is so again behind it, unless another window has become so.
+// What is active as it begins is so again behind it, unless another window that takes input is.
+class FrontWindow {
+ public:
+  FrontWindow() : window_(GetActiveWindow()) {}
+  ~FrontWindow();
+  FrontWindow(const FrontWindow&) = delete;
+  FrontWindow& operator=(const FrontWindow&) = delete;
+
+ private:
+  HWND window_;
+};
+
+// The same as long as one of the system's own boxes is up, which disables its owner itself.
 class BoxTime {
  public:
   explicit BoxTime(HWND owner);
-  ~BoxTime();
   BoxTime(const BoxTime&) = delete;
   BoxTime& operator=(const BoxTime&) = delete;
 
  private:
+  FrontWindow front_;  // comes back when the others have
   WaitingWindows others_;
-  HWND front_;
 };
 
 }  // namespace quillspeech::windows
