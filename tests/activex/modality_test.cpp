@@ -63,6 +63,26 @@ TEST_F(ModalityTest, A_box_lies_before_the_form_that_is_active_and_gives_it_the_
   Deactivate();
 }
 
+// As the audio graph, which would take the box with it when it goes.
+TEST_F(ModalityTest, A_box_does_not_lie_before_a_form_that_stands_aside) {
+  Place();
+  Activate();
+  Form form("Form1", "Aside", {3000, 3000});
+  form.Set_Stands_Aside();
+  auto& views = static_cast<windows::FormViews&>(session().ports.views);
+  views.Show(form, Modality::None);
+  SetActiveWindow(reinterpret_cast<HWND>(views.Window_Of(form)));
+  session().flags.Settings_Ready_Count = 0;
+  HWND owner = nullptr;
+  container.Expect({"Frame.EnableModeless none", "Frame.EnableModeless"});
+  BoxCloser closer(L"Quillspeech Start", [&] { owner = Owner_Of_Box(); });
+  Call("Start_Real_Action");
+  EXPECT_EQ(closer.closed, 1);
+  EXPECT_EQ(owner, container.window);
+  form.Unload();
+  Deactivate();
+}
+
 TEST_F(ModalityTest, Without_an_active_control_no_frame_is_told) {
   Place();
   session().flags.Settings_Ready_Count = 0;

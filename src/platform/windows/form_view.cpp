@@ -176,10 +176,12 @@ void FormViews::Run_Modally(const std::shared_ptr<FormWindow>& window) {
 
 HWND FormViews::Active_Window() const {
   const HWND active = GetActiveWindow();
-  const bool is_ours = active && std::ranges::any_of(windows_, [&](const auto& entry) {
-                         return entry.second->Window() == active;
-                       });
-  return is_ours ? active : nullptr;
+  const bool is_worked_in =
+      active && std::ranges::any_of(windows_, [&](const auto& entry) {
+        const Form* const form = entry.second->Model();
+        return entry.second->Window() == active && form && !form->Stands_Aside();
+      });
+  return is_worked_in ? active : nullptr;
 }
 
 // A look at the queue tells whether the thread is still to quit: a host may have gone on all the

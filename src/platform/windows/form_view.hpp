@@ -39,7 +39,8 @@ class FormViews final : public quillspeech::FormViews {
   HWND Owner_For_New_Window() const;
   // The window of the form that was shown modally last and still shows so; null: there is none.
   HWND Modal_Window() const;
-  // The active window of the thread, when it is a form's own; null: it is not.
+  // The active window of the thread, when it is that of a form that a person works in; null: it is
+  // not, or is one that stands aside and may go at any time.
   HWND Active_Window() const;
 
   // Lets go of every window; the models stay, without a view.
